@@ -64,9 +64,9 @@ public:
     // Only the digits 0 and 1; anything else fails the reader.
     void readLine(bool& value);
 
-    // One line on the standard error when the reader failed before it was
-    // done: "Map '<path>' can't be read from line N on; <what> keep defaults".
-    // Prints nothing when the file is missing (the opener said so) or all went well.
+    // One line on the standard error when a read failed: "Map '<path>' can't
+    // be read from line N on; <what> keep their defaults". Prints nothing when
+    // the file is missing (the opener said so) or all went well.
     void reportShort(const char* what) const;
 
 private:
@@ -75,6 +75,7 @@ private:
     std::string path;
     std::ifstream stream;
     int currentLine = 1;
+    int failedLine = 0;  // the line of the first failed read
 };
 
 // Values used where a map is missing or short: a plain, playable stage.
