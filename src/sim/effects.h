@@ -79,8 +79,10 @@ struct Shard {
 // The shards of one Player and the picture they share ("p2.spg").
 class ShardList {
 public:
-    ShardList();   // loads the picture: needs a GL context
-    ~ShardList();  // deletes it
+    // The picture's owner: loads it (needs a GL context) and deletes it;
+    // src/sim/shard_list.cpp, apart from the GL-free records above.
+    ShardList();
+    ~ShardList();
     ShardList(const ShardList&) = delete;
     ShardList& operator=(const ShardList&) = delete;
 
@@ -96,5 +98,7 @@ public:
 // Ages every light, first to last; a spent one is removed on the spot and the
 // later ones move up, so the order stays.
 void ageLights(std::vector<PointLight>& lights);
-// The same for the bolts of a cannon or a level.
+// The same for the bolts of a cannon or a level,
 void ageBolts(std::vector<Bolt>& bolts);
+// and for flying shards (ShardList::update).
+void updateShards(std::vector<Shard>& shards);

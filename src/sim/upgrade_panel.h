@@ -11,6 +11,11 @@
 // 8 reload, 9 chain, 10 blast, 11 boost (temporary).
 constexpr uint8_t UPGRADE_NONE = 255;
 
+// The fair draw over generated[first] to generated[last]: each kind enters a
+// list spread - (its count - the smallest count) times, if that is positive,
+// and randomInt picks from the list.
+uint8_t chooseFairKind(const uint16_t* generated, uint8_t first, uint8_t last, uint8_t spread);
+
 struct Upgrade {
     // Kinds 9 to 11 load their icon ("upgrade1.spg" to "upgrade3.spg"):
     // that needs a GL context.
