@@ -1,12 +1,11 @@
 // The shard list owns a picture, so it lives apart from the GL-free records.
-#include <GL/glew.h>
-
 #include "data/images.h"
+#include "render/texture_release.h"
 #include "sim/effects.h"
 
 ShardList::ShardList() { loadTexture(&texture, "p2.spg"); }
 
-ShardList::~ShardList() { glDeleteTextures(1, &texture); }
+ShardList::~ShardList() { deleteTextures(1, &texture); }
 
 void ShardList::add(float x, float y) { shards.emplace_back(x, y); }
 

@@ -1,9 +1,8 @@
 #include "sim/upgrade_panel.h"
 
-#include <GL/glew.h>
-
 #include "base/numbers.h"
 #include "data/images.h"
+#include "render/texture_release.h"
 
 Upgrade::Upgrade(uint8_t kind, float slot) : kind(kind), slot(slot)
 {
@@ -23,7 +22,7 @@ Upgrade::Upgrade(uint8_t kind, float slot) : kind(kind), slot(slot)
 Upgrade::~Upgrade()
 {
     if (hasTexture)
-        glDeleteTextures(1, &texture);
+        deleteTextures(1, &texture);
 }
 
 UpgradePanel::UpgradePanel()
@@ -42,7 +41,7 @@ UpgradePanel::UpgradePanel()
 UpgradePanel::~UpgradePanel()
 {
     const uint32_t textures[4] = {rowTexture, rowHeadTexture, vboxTexture, boxFaceTexture};
-    glDeleteTextures(4, textures);
+    deleteTextures(4, textures);
     for (Upgrade* upgrade : permanent)
         delete upgrade;
     for (Upgrade* upgrade : temporary)
