@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "base/random.h"
@@ -294,6 +295,37 @@ TEST_F(LevelTest, DisturbanceEnemyComesAfterThreeAverageSpawnsOfThePeriod)
     EXPECT_GE(y, 0);
     EXPECT_LE(y, 50);
     EXPECT_NEAR(level->disturbCredit, 1, 1e-4);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(LevelTest, DirectedReleaseStaysTiedToTheClockOverALongGame)
+{
+    auto level = build(MapText().set(14, "1").set(7, "20").set(9, "20").set(10, "25")
+                           .set(11, "1000").set(12, "200"),
+                       true);
+    const Director& director = *level->director;
+    int lowest = 0, highest = 0, big = 0, all = 0;
+    for (int i = 0; i < 30000; ++i) {
+        frame(*level);
+        for (Enemy* enemy : level->enemies) {
+            if (enemy && enemy->y == -25.0f) {  // born this frame
+                big += enemy->size > 6 ? 1 : 0;
+                all += 1;
+            }
+        }
+        killAll(*level);
+        if (i > 2000) {
+            lowest = std::min<int>(lowest, director.backlog());
+            highest = std::max<int>(highest, director.backlog());
+        }
+    }
+    EXPECT_GE(lowest, -30);
+    EXPECT_LE(highest, 30);
+    EXPECT_EQ(all, director.releasedSmall + director.releasedBig);
+    EXPECT_NEAR(static_cast<double>(big) / all, 0.25, 0.08);
 }
 
 }  // namespace
