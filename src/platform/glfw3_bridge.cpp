@@ -78,6 +78,9 @@ void applyKeyboardLayout()
 {
     printableTable = PrintableTable();
     for (int key : PRINTABLE_KEYS) {
+        if (glfwGetKeyScancode(key) < 0) {
+            continue;  // not on this keyboard
+        }
         const char* name = glfwGetKeyName(key, 0);
         if (name && name[0] > ' ' && name[0] < 127 && name[1] == '\0') {
             int code = std::toupper(static_cast<unsigned char>(name[0]));
