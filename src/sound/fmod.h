@@ -92,8 +92,9 @@ FMOD_RESULT FMOD_System_GetVersion(FMOD_SYSTEM* system, unsigned int* version);
 // Opens the default OpenAL device: FMOD_ERR_OUTPUT_INIT when there is none.
 FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM* system, int maxChannels, FMOD_INITFLAGS flags,
                              void* extraDriverData);
+// Update and Close of a system that never started succeed and do nothing.
 FMOD_RESULT FMOD_System_Update(FMOD_SYSTEM* system);
-// Stops every channel and frees every sound's data and the device; the system
+// Stops every channel, releases every sound and closes the device; the system
 // itself lives on until FMOD_System_Release.
 FMOD_RESULT FMOD_System_Close(FMOD_SYSTEM* system);
 FMOD_RESULT FMOD_System_Release(FMOD_SYSTEM* system);

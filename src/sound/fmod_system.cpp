@@ -111,7 +111,8 @@ FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM* system, int maxChannels, FMOD_INITFLAG
 FMOD_RESULT FMOD_System_Update(FMOD_SYSTEM* system)
 {
     if (!system || system != liveSystem) return FMOD_ERR_INVALID_PARAM;
-    if (!system->initialized) return FMOD_ERR_UNINITIALIZED;
+    // A system that never started has nothing to update: a game without a
+    // device runs on silently, without a line each frame.
     for (int i = 0; i < system->channelCount; i++) {
         ChannelSlot& slot = system->channels[i];
         if (slot.sound && slot.sound->isStream) feedStream(slot);
