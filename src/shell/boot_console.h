@@ -45,5 +45,9 @@ public:
     uint8_t quoteLine = 0;      // index of lines at which the quote goes
 };
 
-// The text of one made-up quote, possibly corrupted; exposed for tests.
+// The generator behind generateLine, without a console (for tests too).
+// One made-up line; fillerAllowed says whether it may be a row of dots or an
+// error, and is updated for the next line.
+std::string makeBootLine(bool& fillerAllowed);
+// One of the quotes, sometimes with a character or more spoiled.
 std::string makeBootQuote();

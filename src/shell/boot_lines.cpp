@@ -164,6 +164,15 @@ std::string makeBootQuote()
     return quote;
 }
 
+std::string makeBootLine(bool& fillerAllowed)
+{
+    // Dots and errors (kinds 8 and 9) never come twice in a row.
+    const int kind = fillerAllowed ? randomInt(0, 9) : randomInt(0, 6);
+    std::string line = lineOfKind(kind);
+    fillerAllowed = kind <= 7;
+    return line;
+}
+
 void BootConsole::generateLine()
 {
     if (lines.size() == quoteLine) {
@@ -171,8 +180,5 @@ void BootConsole::generateLine()
         fillerAllowed = false;
         return;
     }
-    // Dots and errors (kinds 8 and 9) never come twice in a row.
-    const int kind = fillerAllowed ? randomInt(0, 9) : randomInt(0, 6);
-    fillerAllowed = kind <= 7;
-    lines.push_back(lineOfKind(kind));
+    lines.push_back(makeBootLine(fillerAllowed));
 }
