@@ -30,8 +30,8 @@ void main()
     vec2 seed = gl_FragCoord.xy + picture.rg * 311.7 + vec2(picture.b * 173.3)
               + around.gb * 97.3 + vec2(around.r * 41.1) + far.rb * 53.9 + vec2(far.g * 29.3);
     float grey = dot(picture, vec3(0.3, 0.59, 0.11));
-    vec3 decayed = mix(picture, vec3(grey), 0.04) * 0.97;
-    if (hash(seed) < 0.045)
+    vec3 decayed = mix(picture, vec3(grey), 0.03) * 0.98;
+    if (hash(seed) < 0.025)
         decayed = vec3(hash(seed + vec2(19.19, 7.7)) * 0.45);
     gl_FragColor = vec4(decayed, 1.0);
 }
