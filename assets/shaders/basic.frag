@@ -1,8 +1,10 @@
 #version 110
-// The texel times the colour: every tint and fade of the game goes through here.
+// The plain program: the texture tinted by the current colour.
 uniform sampler2D texture1;
+varying vec2 uv;
+varying vec4 colour;
 
 void main()
 {
-    gl_FragColor = texture2D(texture1, gl_TexCoord[0].st) * gl_Color;
+    gl_FragColor = texture2D(texture1, uv) * colour;
 }

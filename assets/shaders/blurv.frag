@@ -2,12 +2,13 @@
 // A vertical Gaussian blur of the 256 x 64 "Speed up!" label, 13 texels wide.
 // The weights sum to one, so the picture keeps its mean.
 uniform sampler2D texture1;
+varying vec2 uv;
+varying vec4 colour;
 
 const vec2 texelStep = vec2(0.0, 1.0 / 64.0);
 
 void main()
 {
-    vec2 uv = gl_TexCoord[0].st;
     vec4 sum = vec4(0.0);
     float total = 0.0;
     for (int i = -6; i <= 6; i++) {
@@ -15,5 +16,5 @@ void main()
         sum += texture2D(texture1, uv + texelStep * float(i)) * weight;
         total += weight;
     }
-    gl_FragColor = sum / total * gl_Color;
+    gl_FragColor = sum / total * colour;
 }

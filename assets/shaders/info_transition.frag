@@ -4,13 +4,15 @@
 // and the two weights always sum to one: the grain term changes sign between
 // t and 30 - t, so it cancels in the sum while each half flickers with static.
 uniform sampler2D texture1;
+varying vec2 uv;
+varying vec4 colour;
 uniform float time;
 
 float random(vec2 p);
 
 void main()
 {
-    vec4 picture = texture2D(texture1, gl_TexCoord[0].st) * gl_Color;
+    vec4 picture = texture2D(texture1, uv) * colour;
     float progress = clamp(time / 30.0, 0.0, 1.0);
     float grain = random(floor(gl_FragCoord.xy / 2.0)) * 2.0 - 1.0;
     float weight = 1.0 - progress + 0.15 * sin(6.2831853 * progress) * grain;
