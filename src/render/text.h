@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-struct PanelButton;
+class PanelButton;
 
 // Advance (and quad width) of one character per unit of text height.
 constexpr float textAdvancePerSize = 0.3848684211f;

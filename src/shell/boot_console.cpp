@@ -3,6 +3,7 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "base/random.h"
@@ -71,7 +72,10 @@ void BootConsole::render()
 void BootConsole::typeCurrentLine(FrameClock& clock)
 {
     if (currentLine < lines.size()) {
-        while (visibleChars < lines[currentLine].size()) {
+        // The count of shown characters is a byte: a longer line is cut short
+        // rather than typed forever.
+        const size_t typedLength = std::min<size_t>(lines[currentLine].size(), 254);
+        while (visibleChars < typedLength) {
             visibleChars += 2;
             if (clock.shouldDraw()) {
                 render();
