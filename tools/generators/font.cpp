@@ -5,20 +5,26 @@
 // 126 drawn; the space and every other cell stay empty).
 //
 // The game draws these glyphs both far larger and far smaller than the cells,
-// with linear filtering and no mipmaps. So the face is the bold monospaced
-// DejaVu, whose strokes are several texels wide and survive being sampled only
-// every four or five texels; FreeType antialiases them by coverage, and every
-// glyph keeps two texels clear of its cell's edges, so that filtering never
-// pulls in a neighbour. Texels outside the ink are white with alpha 0: the
-// filtering at a glyph's edge then fades its alpha without darkening it.
+// with linear filtering and no mipmaps: HUD labels of a two-player view are
+// about 11 pixels high, a sample every seven texels. So the face is the bold
+// monospaced DejaVu, whose strokes are several texels wide; FreeType
+// antialiases them by coverage, and a slight blur (a Gaussian of 1.2 texels,
+// with the alpha raised by a quarter to keep the weight) widens their edges so
+// that a sparse sample lands on a ramp instead of missing a stroke. Large text
+// stays crisp enough. Every glyph's ink keeps two texels clear of its cell's
+// edges and the blur stays inside the cell, so filtering never pulls in a
+// neighbour. Texels outside the ink are white with alpha 0: the filtering at a
+// glyph's edge then fades its alpha without darkening it.
 //
 // Usage: gen_font FOLDER   (writes FOLDER/font.png)
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "png_io.h"
 
@@ -34,6 +40,8 @@ constexpr int cellsPerRow = 52;
 constexpr int padding = 2;
 constexpr int firstDrawn = 33;
 constexpr int lastDrawn = 126;
+constexpr double blurSigma = 1.2;
+constexpr double blurGain = 1.25;
 
 // The widest ink and the full height of the drawn characters, in pixels at
 // the current size, so that the size can be fitted to the cell.
@@ -101,6 +109,63 @@ void drawGlyph(FT_Face face, int code, int baseline, RgbaPicture& picture)
     }
 }
 
+// A Gaussian of `sigma` texels, normalised, from -radius to radius.
+std::vector<double> gaussianKernel(double sigma)
+{
+    const int radius = static_cast<int>(std::ceil(3 * sigma));
+    std::vector<double> kernel(2 * radius + 1);
+    double sum = 0;
+    for (int i = -radius; i <= radius; i++) {
+        kernel[i + radius] = std::exp(-i * i / (2 * sigma * sigma));
+        sum += kernel[i + radius];
+    }
+    for (double& weight : kernel) weight /= sum;
+    return kernel;
+}
+
+// One pass of the blur along x (dx = 1) or y (dy = 1); taps outside the
+// texel's own cell count as empty.
+std::vector<double> blurPass(const std::vector<double>& alpha, const std::vector<double>& kernel,
+                             int dx, int dy)
+{
+    const int radius = static_cast<int>(kernel.size() / 2);
+    std::vector<double> out(alpha.size(), 0.0);
+    for (int y = 0; y < imageHeight; y++) {
+        for (int x = 0; x < imageWidth; x++) {
+            const int cellX = x / cellWidth * cellWidth;
+            const int cellY = y / cellHeight * cellHeight;
+            double sum = 0;
+            for (int i = -radius; i <= radius; i++) {
+                const int tx = x + i * dx;
+                const int ty = y + i * dy;
+                if (tx < cellX || tx >= std::min(cellX + cellWidth, imageWidth) || ty < cellY ||
+                    ty >= std::min(cellY + cellHeight, imageHeight)) {
+                    continue;
+                }
+                sum += kernel[i + radius] * alpha[ty * imageWidth + tx];
+            }
+            out[y * imageWidth + x] = sum;
+        }
+    }
+    return out;
+}
+
+void softenEdges(RgbaPicture& picture)
+{
+    std::vector<double> alpha(imageWidth * imageHeight);
+    for (int y = 0; y < imageHeight; y++) {
+        for (int x = 0; x < imageWidth; x++) alpha[y * imageWidth + x] = picture.at(x, y)[3];
+    }
+    const std::vector<double> kernel = gaussianKernel(blurSigma);
+    alpha = blurPass(blurPass(alpha, kernel, 1, 0), kernel, 0, 1);
+    for (int y = 0; y < imageHeight; y++) {
+        for (int x = 0; x < imageWidth; x++) {
+            const double value = std::min(255.0, alpha[y * imageWidth + x] * blurGain + 0.5);
+            picture.at(x, y)[3] = static_cast<unsigned char>(value);
+        }
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -130,6 +195,7 @@ int main(int argc, char** argv)
     }
     FT_Done_Face(face);
     FT_Done_FreeType(library);
+    softenEdges(picture);
 
     const std::string path = std::string(argv[1]) + "/font.png";
     std::string error;
