@@ -88,10 +88,19 @@ TEST_F(FrameClockOnVirtualTime, RowsOfTheSkipTableByLag)
     tickAtLag(-7.0);
     EXPECT_EQ(clock.skipState, 0);
 
-    double before = testBackend::now();
-    tickAtLag(-12.0);  // exactly -12 is not reset
+    // Just above -12 the schedule is kept; below, it starts over from now.
+    clock.lag = -11.99;
+    clock.nextFrameTime = testBackend::now() - clock.frameInterval - 0.005;
+    clock.measuredRate = 0;
+    clock.tick();
+    EXPECT_NEAR(clock.lag, -11.995, 1e-9);
+    EXPECT_NEAR(clock.nextFrameTime, testBackend::now() - 0.005, 1e-9);
+    clock.lag = -11.99;
+    clock.nextFrameTime = testBackend::now() - clock.frameInterval - 0.02;
+    clock.measuredRate = 0;
+    clock.tick();
     EXPECT_EQ(clock.lag, -12.0);
-    EXPECT_NE(clock.nextFrameTime, before);
+    EXPECT_EQ(clock.nextFrameTime, testBackend::now());
 }
 
 TEST_F(FrameClockOnVirtualTime, RecoveryAddsFourHundredthsWhenTheMachineHasHeadroom)
