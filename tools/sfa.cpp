@@ -17,7 +17,7 @@ namespace {
 
 const char* usage =
     "Usage:\n"
-    "  sfa pack ARCHIVE INPUT...        pack files into ARCHIVE; a folder INPUT adds\n"
+    "  sfa pack ARCHIVE [INPUT...]      pack files into ARCHIVE; a folder INPUT adds\n"
     "                                   every plain file in it, in name order\n"
     "  sfa list ARCHIVE                 print each entry's name and size\n"
     "  sfa extract ARCHIVE [-o DIR] [NAME...]\n"
@@ -57,7 +57,8 @@ bool isPlainFileName(const std::string& name)
 
 int pack(const std::vector<std::string>& args)
 {
-    if (args.size() < 2) return fail("pack needs an archive and at least one input (see --help)");
+    // No inputs make an archive of its header alone, which the game reads as empty.
+    if (args.empty()) return fail("pack needs an archive (see --help)");
     std::vector<fs::path> files;
     for (size_t i = 1; i < args.size(); ++i) {
         std::error_code code;

@@ -82,7 +82,12 @@ unsigned char* decodeSpg(const unsigned char* entry, uint64_t size,
         memcpy(&colour, rgba, 4);  // kept in memory order, ready to copy out
     }
 
+    // A count takes at least one byte per 255 pixels, so a damaged width or
+    // height shows before its buffer is allocated.
     uint64_t pixelCount = uint64_t(width) * height;
+    if (pixelCount > 255 * reader.left())
+        return fail("its runs are too short to cover " + std::to_string(width) + " x " +
+                    std::to_string(height) + " pixels");
     unsigned char* pixels = new (std::nothrow) unsigned char[pixelCount * 4];
     if (!pixels) return fail("no memory for its pixels");
     uint64_t written = 0;

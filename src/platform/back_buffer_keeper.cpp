@@ -87,7 +87,11 @@ void BackBufferKeeper::restoreFrame()
     if (savedWidth <= 0 || savedPixels.empty()) {
         return;
     }
-    auto useProgram = reinterpret_cast<UseProgramFunction>(glfw3Bridge::procAddress("glUseProgram"));
+    // The same entry point for every context of the process (GLX).
+    static UseProgramFunction useProgram = nullptr;
+    if (!useProgram) {
+        useProgram = reinterpret_cast<UseProgramFunction>(glfw3Bridge::procAddress("glUseProgram"));
+    }
     GLint program = 0;
     if (useProgram) {
         glGetIntegerv(CURRENT_PROGRAM, &program);

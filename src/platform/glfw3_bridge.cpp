@@ -163,16 +163,8 @@ bool hasWindow() { return window != nullptr; }
 
 bool closeRequested() { return window && glfwWindowShouldClose(window); }
 
-void requestClose()
-{
-    if (window) {
-        glfwSetWindowShouldClose(window, GLFW_TRUE);
-    }
-}
-
 bool focused() { return window && glfwGetWindowAttrib(window, GLFW_FOCUSED); }
 bool iconified() { return window && glfwGetWindowAttrib(window, GLFW_ICONIFIED); }
-bool fullscreen() { return window && glfwGetWindowMonitor(window); }
 
 int refreshRate()
 {

@@ -31,10 +31,8 @@ void closeWindow();
 bool hasWindow();
 
 bool closeRequested();      // the user asked the window to close
-void requestClose();        // as if the user had asked
 bool focused();
 bool iconified();
-bool fullscreen();
 int refreshRate();          // of the monitor in fullscreen, else 0
 
 void swapBuffers();

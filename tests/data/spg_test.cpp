@@ -249,3 +249,19 @@ TEST(SpgEncoding, ManyColoursRoundTrip)
     EXPECT_EQ(decodedWidth, width);
     EXPECT_EQ(decodedHeight, height);
 }
+
+TEST(SpgDamage, HugeSizeWithFewRunsAllocatesNothing)
+{
+    ScratchDir scratch;
+    // 65535 x 65535 would take 16 GiB; four count bytes cover at most 1020 pixels.
+    auto spg = spgStart(65535, 65535, 0);
+    append(spg, {1, 9, 9, 9, 0, 255, 255, 10});
+    Loaded huge = loadOne(spg);
+    EXPECT_FALSE(huge.ok);
+    EXPECT_EQ(huge.errors, "Damaged image p.spg: its runs are too short to cover 65535 x 65535 pixels\n");
+
+    // Runs that do cover their picture pass, however few their bytes.
+    auto tight = spgStart(764, 1, 0);
+    append(tight, {1, 9, 9, 9, 0, 255, 255, 254});
+    EXPECT_TRUE(loadOne(tight).ok);
+}

@@ -1,11 +1,12 @@
-// Texture upload in a real GL context (a hidden GLFW window; run under Xvfb).
+// Texture upload in the test backend's real GL context (run under Xvfb).
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
-#include <GLFW/glfw3.h>
 
 #include "data/images.h"
 #include "image_test_support.h"
+#include "platform/glfw.h"
+#include "platform/testing/test_backend.h"
 
 namespace {
 
@@ -13,19 +14,15 @@ class TextureTest : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        if (!glfwInit()) return;
-        glfwWindowHint(GLFW_VISIBLE, GLFW_FALSE);
-        window = glfwCreateWindow(64, 64, "texture test", nullptr, nullptr);
-        if (!window) return;
-        glfwMakeContextCurrent(window);
-        ready = glewInit() == GLEW_OK;
+        testBackend::reset();
+        ready = glfwInit() == 1 && glfwOpenWindow(64, 64, 8, 8, 8, 8, 0, 8, GLFW_WINDOW) == 1 &&
+                glewInit() == GLEW_OK;
     }
 
     static void TearDownTestSuite()
     {
-        if (window) glfwDestroyWindow(window);
-        glfwTerminate();
-        window = nullptr;
+        testBackend::reset();
+        ready = false;
     }
 
     void SetUp() override
@@ -56,11 +53,9 @@ protected:
         return value;
     }
 
-    static GLFWwindow* window;
     static bool ready;
 };
 
-GLFWwindow* TextureTest::window = nullptr;
 bool TextureTest::ready = false;
 
 }  // namespace

@@ -229,5 +229,9 @@ TEST_F(TestBackendWindow, KeeperRestoresAFrameOverwrittenInBetween)
     EXPECT_EQ(pixel.r, 0);
     EXPECT_EQ(pixel.g, 0);
     EXPECT_EQ(pixel.b, 255);
-    EXPECT_TRUE(BackBufferKeeper::swapKeepsBackBuffer());  // llvmpipe under Xvfb keeps it
+    // The probe itself: Mesa's software renderer under Xvfb keeps the frame.
+    std::string renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    if (renderer.find("llvmpipe") != std::string::npos) {
+        EXPECT_TRUE(BackBufferKeeper::swapKeepsBackBuffer());
+    }
 }

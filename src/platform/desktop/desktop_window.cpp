@@ -116,9 +116,11 @@ void glfwSetWindowPos(int x, int y) { glfw3Bridge::setPosition(x, y); }
 void glfwSwapBuffers()
 {
     if (glfw3Bridge::hasWindow()) {
-        int width = 0, height = 0;
-        glfw3Bridge::getSize(&width, &height);
-        backBufferKeeper.beforeSwap(width, height);
+        if (backBufferKeeper.needed()) {  // asking for the size costs a trip to the X server
+            int width = 0, height = 0;
+            glfw3Bridge::getSize(&width, &height);
+            backBufferKeeper.beforeSwap(width, height);
+        }
         glfw3Bridge::swapBuffers();
         backBufferKeeper.afterSwap();
     }

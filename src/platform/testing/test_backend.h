@@ -15,7 +15,9 @@
 // bits and samples, so drawing code runs for real and glReadPixels sees the
 // result. A fullscreen request opens the same kind of hidden window of the
 // requested size. GLFW_ACCELERATED and the bit counts come from that context.
-// glfwSwapBuffers() swaps it for real; glfwCloseWindow() destroys it.
+// glfwSwapBuffers() presents nothing (nobody sees the hidden window), so the
+// back buffer keeps the frame just finished, as under Mesa on the desktop;
+// glfwCloseWindow() destroys the window and its context.
 //
 // Keys are 2.7 codes. A letter scripted in lower case is the key of that
 // letter, which the game sees under its upper-case code, as on the desktop.

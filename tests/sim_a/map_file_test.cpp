@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "data/map_file.h"
+#include "map_text.h"
+#include "support/scratch_dir.h"
+
+namespace {
+
+std::string title(int number, bool numbered)
+{
+    char dest[MAP_TITLE_CAPACITY];
+    readMapTitle(dest, number, numbered);
+    return dest;
+}
+
+TEST(MapTitle, IsLineOneUpToTheLineEnd)
+{
+    ScratchDir scratch;
+    MapText().set(1, "Quiet Shore").write(3);
+    EXPECT_EQ(title(3, false), "Quiet Shore");
+}
+
+TEST(MapTitle, NumbersLineUpWithTwoBlanksBelowTen)
+{
+    ScratchDir scratch;
+    MapText().set(1, "x").write(9);
+    MapText().set(1, "x").write(10);
+    EXPECT_EQ(title(9, true), "9.  x");
+    EXPECT_EQ(title(10, true), "10. x");
+}
+
+TEST(MapTitle, KeepsAllOf127CharactersAndCutsLongerOnes)
+{
+    ScratchDir scratch;
+    const std::string exact(127, 'a');
+    MapText().set(1, exact).write(1);
+    EXPECT_EQ(title(1, false), exact);
+    EXPECT_EQ(title(1, true), "1.  " + exact);
+
+    MapText().set(1, exact + "bcd").write(2);
+    EXPECT_EQ(title(2, false), exact);
+}
+
+TEST(MapTitle, LosesTheCarriageReturnOfCrLf)
+{
+    ScratchDir scratch;
+    MapText text;
+    text.lineEnd = "\r\n";
+    text.set(1, std::string(127, 'z')).write(4);
+    EXPECT_EQ(title(4, false), std::string(127, 'z'));
+}
+
+TEST(MapTitle, MissingFileLeavesThePathAndSaysSo)
+{
+    ScratchDir scratch;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(title(17, true), "content/maps/map17.txt");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Couldn't open map file 'content/maps/map17.txt'!\n");
+}
+
+TEST(MapParScore, ReadsLine27AndNeverGivesZero)
+{
+    ScratchDir scratch;
+    MapText().set(27, "4321").write(1);
+    MapText().set(27, "0").write(2);
+    EXPECT_EQ(getMapParScore(1), 4321u);
+    EXPECT_EQ(getMapParScore(2), 1u);
+
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(getMapParScore(5), 1u);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "Couldn't load map 'content/maps/map5.txt'!\n");
+}
+
+TEST(MapUnlockPoints, ReadsLine28AndIsZeroForShortOrMissingFiles)
+{
+    ScratchDir scratch;
+    MapText().set(28, "250").write(1);
+    EXPECT_EQ(getMapUnlockPoints(1), 250u);
+
+    MapText shortText;
+    shortText.lines.resize(27);
+    shortText.write(2);
+    EXPECT_EQ(getMapUnlockPoints(2), 0u);
+
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(getMapUnlockPoints(6), 0u);
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(MapLines, CommentsBehindValuesAndCrLfLineEnds)
+{
+    ScratchDir scratch;
+    MapText text;
+    text.lineEnd = "\r\n";
+    text.set(26, "0.3 // ambient blue").set(27, "777  par: what a good player makes").set(28, "12\tpoints");
+    text.write(1);
+    EXPECT_EQ(getMapParScore(1), 777u);
+    EXPECT_EQ(getMapUnlockPoints(1), 12u);
+}
+
+TEST(MapLines, SkippingTakesAtMost128CharactersALine)
+{
+    ScratchDir scratch;
+    // A line that is only skipped may hold 127 characters before its end.
+    MapText().set(1, std::string(127, 't')).set(28, "5").write(1);
+    EXPECT_EQ(getMapUnlockPoints(1), 5u);
+    // With 128 the count runs out inside the line, and the rest of the line
+    // counts as the next one.
+    MapText().set(1, std::string(128, 't')).set(28, "5").write(2);
+    EXPECT_EQ(getMapUnlockPoints(2), 1000u);
+}
+
+TEST(MapLines, AtMost127CharactersMayFollowAValue)
+{
+    ScratchDir scratch;
+    // 127 behind the value and the line end: the next value is line 4's 0.
+    // 129 behind it: the skip stops inside the line, and its tail is taken
+    // for the next value.
+    const std::string fits = MapText().set(3, "4" + std::string(127, '#')).write(1);
+    const std::string tooLong = MapText().set(3, "4" + std::string(128, '#') + "9").write(2);
+    for (const std::string& path : {fits, tooLong}) {
+        MapReader reader(path);
+        reader.skipToLine(3);
+        float hitPoints = 0, growth = -1;
+        reader.readLine(hitPoints);
+        reader.readLine(growth);
+        EXPECT_FLOAT_EQ(hitPoints, 4);
+        EXPECT_FLOAT_EQ(growth, path == fits ? 0.0f : 9.0f) << path;
+    }
+}
+
+TEST(MapReaderTest, ReadsTypedValuesLineByLine)
+{
+    ScratchDir scratch;
+    const std::string path = MapText().set(2, "65").set(11, "-40").set(14, "1").write(1);
+    MapReader reader(path);
+    ASSERT_TRUE(reader.isOpen());
+    reader.skipLines(1);
+    uint16_t speedUp = 0;
+    float hitPoints = 0;
+    reader.readLine(speedUp);
+    reader.readLine(hitPoints);
+    EXPECT_EQ(reader.line(), 4);
+    reader.skipToLine(11);
+    int32_t waveFrames = 0;
+    reader.readLine(waveFrames);
+    reader.skipToLine(14);
+    bool directed = false;
+    reader.readLine(directed);
+    EXPECT_TRUE(reader.good());
+    EXPECT_EQ(speedUp, 65);
+    EXPECT_FLOAT_EQ(hitPoints, 4.0f);
+    EXPECT_EQ(waveFrames, -40);
+    EXPECT_TRUE(directed);
+}
+
+TEST(MapReaderTest, AFailedReadLeavesThatValueAndAllLaterOnesAlone)
+{
+    ScratchDir scratch;
+    const std::string path = MapText().set(14, "2").write(1);
+    MapReader reader(path);
+    reader.skipToLine(13);
+    int32_t waveCount = 0;
+    bool directed = true;
+    float damage = -1;
+    reader.readLine(waveCount);
+    reader.readLine(directed);  // only 0 or 1 are bools
+    reader.readLine(damage);
+    EXPECT_EQ(waveCount, 3);
+    EXPECT_TRUE(directed);
+    EXPECT_FLOAT_EQ(damage, -1);
+    EXPECT_FALSE(reader.good());
+
+    testing::internal::CaptureStderr();
+    reader.reportShort("the test's values");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Map 'content/maps/map1.txt' can't be read from line 14 on; the test's values keep "
+              "their defaults\n");
+}
+
+TEST(MapReaderTest, AShortFileFailsAtItsEndAndAMissingOneSaysNothing)
+{
+    ScratchDir scratch;
+    MapText text;
+    text.lines.resize(10);
+    MapReader reader(text.write(1));
+    reader.skipToLine(10);
+    float percent = -1, waveFrames = -1;
+    reader.readLine(percent);
+    reader.readLine(waveFrames);
+    EXPECT_FLOAT_EQ(percent, 0);
+    EXPECT_FLOAT_EQ(waveFrames, -1);
+    EXPECT_FALSE(reader.good());
+
+    MapReader missing("content/maps/map99.txt");
+    EXPECT_FALSE(missing.isOpen());
+    float value = 7;
+    missing.readLine(value);
+    EXPECT_FLOAT_EQ(value, 7);
+    testing::internal::CaptureStderr();
+    missing.reportShort("nothing");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+}  // namespace

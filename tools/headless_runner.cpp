@@ -1,0 +1,314 @@
+// Plays maps without a picture, on the virtual-time test backend, and prints
+// how each game went: for balancing the maps and for finding crashes.
+//
+//   headless_runner [--map N | --all] [--mode stage|survival|versus|all]
+//                   [--seed S] [--policy idle|simple] [--script FILE]
+//                   [--max-rounds R] [--run-dir DIR]
+//
+// The rounds follow the Game's order: the left Player, the right one, the
+// exchange of disturbance charges, the end check, and the 500 rounds of the
+// closing phase in which both sides go on. A script holds lines "ROUND KEY
+// down|up" (KEY a character such as 3, Q, S, W) and "ROUND click X Y" (a
+// left click held for one round at window pixel X, Y), applied as the test
+// backend applies scripted input.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "base/random.h"
+#include "platform/glfw.h"
+#include "platform/testing/test_backend.h"
+#include "shell/window.h"
+#include "sim/cannon_bank.h"
+#include "sim/level.h"
+#include "sim/panel_button.h"
+#include "sim/player.h"
+#include "sim/upgrade_panel.h"
+
+namespace {
+
+struct Options {
+    int map = 1;
+    bool allMaps = false;
+    std::vector<int> modes = {0};  // 0 stage, 1 survival, 2 versus
+    uint32_t seed = 1;
+    bool simplePolicy = true;
+    std::string script;
+    uint32_t maxRounds = 300000;
+};
+
+// What the runner counts for one side; the Player keeps no such totals.
+struct SideStats {
+    uint32_t kills = 0;       // enemies destroyed (an overkill counts once)
+    uint32_t breaches = 0;    // counted while playing
+    uint32_t upgradesUsed = 0;
+    uint16_t bestCombo = 0;
+    int16_t lastNoise = 0;
+    uint8_t lastEndState = 0;
+};
+
+// One round of watching: the kills shown as blots, the breaches shown as the
+// static's jumps. The marks only feed the field picture, which isn't drawn
+// here, so the runner takes them away.
+void watch(Player& player, SideStats& stats)
+{
+    for (const Spark& spark : player.sparks)
+        stats.kills += spark.size > 2;
+    player.sparks.clear();
+    if (player.noise > stats.lastNoise && stats.lastEndState == 0)
+        stats.breaches += 1;
+    stats.lastNoise = player.noise;
+    stats.lastEndState = player.endState;
+    if (player.combo > stats.bestCombo)
+        stats.bestCombo = player.combo;
+}
+
+// The simple player: three cannons, every temporary upgrade used as soon as
+// it is there, and on the left of a two-player game a charge now and then.
+// Key presses go through the backend, as a person's would.
+bool wantsTemporary(const Player& player, uint32_t round)
+{
+    return !player.bank->panel->temporary.empty() && round % 2 == 0;
+}
+
+void policyKeys(const Player& player, uint32_t round)
+{
+    testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
+    testBackend::setKey('S', wantsTemporary(player, round));
+    if (!player.singlePlayer)
+        testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
+}
+
+// The right side of a two-player game has the mouse: one click a round at most.
+void policyMouse(const Player& player, uint32_t round)
+{
+    const PanelButton* button = nullptr;
+    if (round < 5 && player.bank->heldCannons != 3)
+        button = player.cannonButtons[3];
+    else if (wantsTemporary(player, round))
+        button = player.useTemporaryButton;
+    if (!button) {
+        testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, false);
+        return;
+    }
+    testBackend::setMousePos(button->pixelX + button->pixelWidth / 2,
+                             button->pixelY + button->pixelHeight / 2);
+    testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, true);
+}
+
+bool loadScript(const std::string& path)
+{
+    std::ifstream in(path);
+    if (!in) {
+        std::fprintf(stderr, "Couldn't read the script '%s'\n", path.c_str());
+        return false;
+    }
+    std::string line;
+    int lineNumber = 0;
+    while (std::getline(in, line)) {
+        ++lineNumber;
+        std::istringstream words(line);
+        unsigned round;
+        std::string what;
+        if (line.empty() || line[0] == '#')
+            continue;
+        if (!(words >> round >> what)) {
+            std::fprintf(stderr, "%s:%d: expected ROUND KEY down|up or ROUND click X Y\n",
+                         path.c_str(), lineNumber);
+            return false;
+        }
+        if (what == "click") {
+            int x, y;
+            if (!(words >> x >> y)) {
+                std::fprintf(stderr, "%s:%d: a click needs X and Y\n", path.c_str(), lineNumber);
+                return false;
+            }
+            testBackend::mouseMoveAt(round, x, y);
+            testBackend::mouseButtonAt(round, GLFW_MOUSE_BUTTON_LEFT, true);
+            testBackend::mouseButtonAt(round + 1, GLFW_MOUSE_BUTTON_LEFT, false);
+            continue;
+        }
+        std::string state;
+        words >> state;
+        if (what.size() != 1 || (state != "down" && state != "up")) {
+            std::fprintf(stderr, "%s:%d: expected ROUND KEY down|up\n", path.c_str(), lineNumber);
+            return false;
+        }
+        int key = static_cast<unsigned char>(what[0]);
+        if (key >= 'a' && key <= 'z')
+            key -= 'a' - 'A';
+        testBackend::keyAt(round, key, state == "down");
+    }
+    return true;
+}
+
+void printSide(const char* name, const Player& player, const SideStats& stats)
+{
+    size_t enemiesLeft = 0;
+    for (const Enemy* enemy : player.level->enemies)
+        enemiesLeft += enemy != nullptr;
+    const UpgradePanel& panel = *player.bank->panel;
+    unsigned permanent = panel.generated[0] + panel.generated[1] + panel.generated[2] - 5;
+    unsigned temporary = 0;
+    for (int kind = 6; kind < 12; ++kind)
+        temporary += panel.generated[kind];
+    temporary -= 1;
+    std::printf("  %s score %u endState %u kills %u breaches %u bestCombo %u upgrades made "
+                "%u (permanent %u, temporary %u) used %u, stats damage %.2f reload %.2f "
+                "range %.1f, enemies left %zu\n",
+                name, player.score, player.endState, stats.kills, stats.breaches,
+                stats.bestCombo, permanent + temporary, permanent, temporary,
+                stats.upgradesUsed, player.bank->damage, player.bank->reload,
+                player.bank->range, enemiesLeft);
+}
+
+// One game to its end and through the closing phase. False if it hit the cap.
+bool playOne(const Options& options, int map, int mode)
+{
+    static const char* const modeNames[3] = {"stage", "survival", "versus"};
+    testBackend::reset();
+    glfwInit();
+    if (!glfwOpenWindow(800, 600, 8, 8, 8, 8, 0, 8, GLFW_WINDOW)) {
+        std::fprintf(stderr, "Couldn't open the test window\n");
+        std::exit(1);
+    }
+    setScreenSize(800, 600);
+    if (!options.script.empty() && !loadScript(options.script))
+        std::exit(2);
+    seedRandom(options.seed);
+
+    std::string path = "content/maps/map" + std::to_string(map) + ".txt";
+    bool survival = mode != 0;
+    Player* left = new Player(mode == 2 ? 1 : 0, survival, path.c_str(), map);
+    Player* right = mode == 2 ? new Player(2, true, path.c_str(), map) : nullptr;
+    SideStats leftStats, rightStats;
+
+    uint32_t round = 0;
+    uint8_t endMessage = 0;
+    uint32_t endRound = 0;
+    uint16_t fadeCountdown = 500;
+    bool capped = false;
+    while (fadeCountdown > 0) {
+        round += 1;
+        glfwPollEvents();  // the scripted input of this round
+        if (options.simplePolicy) {
+            policyKeys(*left, round);
+            if (right)
+                policyMouse(*right, round);
+        }
+        size_t leftQueue = left->bank->panel->temporary.size();
+        size_t rightQueue = right ? right->bank->panel->temporary.size() : 0;
+        left->update();
+        if (right) {
+            right->update();
+            left->enemyDisturbCharge = static_cast<uint8_t>(right->disturbCharge);
+            right->enemyDisturbCharge = static_cast<uint8_t>(left->disturbCharge);
+        }
+        // A use shows as a queue that got shorter (nothing else shortens it).
+        leftStats.upgradesUsed += left->bank->panel->temporary.size() < leftQueue;
+        if (right)
+            rightStats.upgradesUsed += right->bank->panel->temporary.size() < rightQueue;
+        watch(*left, leftStats);
+        if (right)
+            watch(*right, rightStats);
+
+        if (endMessage == 0) {
+            if (!right) {
+                endMessage = left->endCode();
+            } else if (left->endCode() == 3) {
+                right->concede();
+                endMessage = 6;
+            } else if (right->endCode() == 3) {
+                left->concede();
+                endMessage = 5;
+            }
+            if (endMessage != 0)
+                endRound = round;
+            else if (round >= options.maxRounds) {
+                capped = true;
+                break;
+            }
+        } else {
+            fadeCountdown -= 1;
+        }
+    }
+
+    std::printf("map %d %s seed %u policy %s: %s after %u rounds, endMessage %u\n", map,
+                modeNames[mode], options.seed, options.simplePolicy ? "simple" : "idle",
+                capped ? "capped" : "ended", capped ? round : endRound, endMessage);
+    printSide(right ? "left " : "player", *left, leftStats);
+    if (right)
+        printSide("right", *right, rightStats);
+    std::fflush(stdout);
+    delete left;  // a one-player game stores its score here, as in the game
+    delete right;
+    glfwCloseWindow();
+    glfwTerminate();
+    return !capped;
+}
+
+bool parse(int argc, char** argv, Options& options, std::string& runDir)
+{
+    for (int i = 1; i < argc; ++i) {
+        std::string arg = argv[i];
+        bool hasValue = i + 1 < argc;
+        if (arg == "--all") {
+            options.allMaps = true;
+        } else if (arg == "--map" && hasValue) {
+            options.map = std::atoi(argv[++i]);
+        } else if (arg == "--mode" && hasValue) {
+            std::string mode = argv[++i];
+            if (mode == "stage") options.modes = {0};
+            else if (mode == "survival") options.modes = {1};
+            else if (mode == "versus") options.modes = {2};
+            else if (mode == "all") options.modes = {0, 1, 2};
+            else return false;
+        } else if (arg == "--seed" && hasValue) {
+            options.seed = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
+        } else if (arg == "--policy" && hasValue) {
+            std::string policy = argv[++i];
+            if (policy != "idle" && policy != "simple") return false;
+            options.simplePolicy = policy == "simple";
+        } else if (arg == "--script" && hasValue) {
+            options.script = argv[++i];
+        } else if (arg == "--max-rounds" && hasValue) {
+            options.maxRounds = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
+        } else if (arg == "--run-dir" && hasValue) {
+            runDir = argv[++i];
+        } else {
+            return false;
+        }
+    }
+    return options.allMaps || (options.map >= 1 && options.map <= 20);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    std::string runDir;
+    if (!parse(argc, argv, options, runDir)) {
+        std::fprintf(stderr,
+                     "usage: headless_runner [--map N | --all] [--mode stage|survival|versus|all]"
+                     " [--seed S] [--policy idle|simple] [--script FILE] [--max-rounds R]"
+                     " [--run-dir DIR]\n");
+        return 2;
+    }
+    if (!runDir.empty() && chdir(runDir.c_str()) != 0) {
+        std::fprintf(stderr, "Couldn't enter '%s'\n", runDir.c_str());
+        return 2;
+    }
+    int capped = 0;
+    for (int map = options.allMaps ? 1 : options.map; map <= (options.allMaps ? 20 : options.map);
+         ++map) {
+        for (int mode : options.modes)
+            capped += !playOne(options, map, mode);
+    }
+    return capped == 0 ? 0 : 1;
+}
