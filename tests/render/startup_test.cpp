@@ -137,6 +137,30 @@ TEST(StartUp, TypesTheBootScreenAndLeavesTheDrawingStateSet)
 
 std::string farewellScratch;
 
+TEST(StartUp, ThrowsTheMessagesThatMainShows)
+{
+    ScratchDir scratch;
+    testBackend::reset();
+    testBackend::failInit(true);
+    try {
+        startUp();
+        ADD_FAILURE() << "start-up went on without GLFW";
+    } catch (const char* message) {
+        EXPECT_STREQ(message, "Couldn't initialize GLFW!");
+    }
+    testBackend::reset();
+    testBackend::failOpenWindow(true);
+    testing::internal::CaptureStdout();
+    try {
+        startUp();
+        ADD_FAILURE() << "start-up went on without a window";
+    } catch (const char* message) {
+        EXPECT_STREQ(message, "Couldn't create window!");
+    }
+    testing::internal::GetCapturedStdout();
+    testBackend::reset();
+}
+
 // What the farewell leaves for the parent to read, once the process ends; and
 // the scratch folder of the child, whose destructor never runs.
 void reportVirtualTime()

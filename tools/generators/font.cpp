@@ -8,8 +8,8 @@
 // with linear filtering and no mipmaps: HUD labels of a two-player view are
 // about 11 pixels high, a sample every seven texels. So the face is the bold
 // monospaced DejaVu, whose strokes are several texels wide; FreeType
-// antialiases them by coverage, and a slight blur (a Gaussian of 1.2 texels,
-// with the alpha raised by a quarter to keep the weight) widens their edges so
+// antialiases them by coverage, and a slight blur (a Gaussian of 0.9 texels,
+// with the alpha raised by 15 % to keep the weight) widens their edges so
 // that a sparse sample lands on a ramp instead of missing a stroke. Large text
 // stays crisp enough. Every glyph's ink keeps two texels clear of its cell's
 // edges and the blur stays inside the cell, so filtering never pulls in a
@@ -40,8 +40,8 @@ constexpr int cellsPerRow = 52;
 constexpr int padding = 2;
 constexpr int firstDrawn = 33;
 constexpr int lastDrawn = 126;
-constexpr double blurSigma = 1.2;
-constexpr double blurGain = 1.25;
+constexpr double blurSigma = 0.9;
+constexpr double blurGain = 1.15;
 
 // The widest ink and the full height of the drawn characters, in pixels at
 // the current size, so that the size can be fitted to the cell.
