@@ -1,5 +1,5 @@
 #version 110
-// A hint's text: it follows the box in a little later, flickering while it
+// A hint's text, in dark ink on the light plate: it follows the box in a little later, flickering while it
 // types in, and leaves a little earlier; gone by 515.
 uniform sampler2D texture1;
 uniform float time;
@@ -22,5 +22,5 @@ void main()
     float revealed = clamp((coming * 1.3 - place) / 0.2, 0.0, 1.0);
     float kept = clamp((place - (going * 1.3 - 0.2)) / 0.2, 0.0, 1.0);
     float flicker = mix(random(vec2(floor(across * 40.0), time)), 1.0, revealed);
-    gl_FragColor = vec4(picture.rgb, picture.a * revealed * kept * flicker);
+    gl_FragColor = vec4(picture.rgb * 0.08, picture.a * revealed * kept * flicker);
 }
