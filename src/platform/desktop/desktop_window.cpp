@@ -5,6 +5,7 @@
 #include "platform/gl_context_facts.h"
 #include "platform/glfw.h"
 #include "platform/glfw3_bridge.h"
+#include "platform/window_request.h"
 
 namespace {
 
@@ -60,27 +61,10 @@ int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBi
     if (!initialized || glfw3Bridge::hasWindow() || (mode != GLFW_WINDOW && mode != GLFW_FULLSCREEN)) {
         return 0;
     }
-    // 2.7's defaults for a missing size: 640 x 480, or the other side at 4:3.
-    if (width <= 0 && height <= 0) {
-        width = 640;
-        height = 480;
-    } else if (width <= 0) {
-        width = height * 4 / 3;
-    } else if (height <= 0) {
-        height = width * 3 / 4;
-    }
-    glfw3Bridge::WindowRequest request;
-    request.width = width;
-    request.height = height;
-    request.redBits = redBits;
-    request.greenBits = greenBits;
-    request.blueBits = blueBits;
-    request.alphaBits = alphaBits;
-    request.depthBits = depthBits;
-    request.stencilBits = stencilBits;
-    request.samples = hints.fsaaSamples;
+    glfw3Bridge::WindowRequest request =
+        windowRequestFor27(width, height, redBits, greenBits, blueBits, alphaBits, depthBits,
+                           stencilBits, hints.fsaaSamples, hints.noResize);
     request.refreshRate = hints.refreshRate;
-    request.resizable = hints.noResize == 0;
     request.fullscreen = mode == GLFW_FULLSCREEN;
     request.visible = true;
     windowNoResize = hints.noResize;

@@ -2,6 +2,7 @@
 // everything the game asks of it written down.
 #include "platform/gl_context_facts.h"
 #include "platform/glfw3_bridge.h"
+#include "platform/window_request.h"
 #include "platform/testing/test_state.h"
 
 using testBackend::state;
@@ -50,25 +51,9 @@ int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBi
         || (mode != GLFW_WINDOW && mode != GLFW_FULLSCREEN)) {
         return 0;
     }
-    if (width <= 0 && height <= 0) {
-        width = 640;
-        height = 480;
-    } else if (width <= 0) {
-        width = height * 4 / 3;
-    } else if (height <= 0) {
-        height = width * 3 / 4;
-    }
-    glfw3Bridge::WindowRequest request;
-    request.width = width;
-    request.height = height;
-    request.redBits = redBits;
-    request.greenBits = greenBits;
-    request.blueBits = blueBits;
-    request.alphaBits = alphaBits;
-    request.depthBits = depthBits;
-    request.stencilBits = stencilBits;
-    request.samples = hints.fsaaSamples;
-    request.resizable = hints.noResize == 0;
+    glfw3Bridge::WindowRequest request =
+        windowRequestFor27(width, height, redBits, greenBits, blueBits, alphaBits, depthBits,
+                           stencilBits, hints.fsaaSamples, hints.noResize);
     request.visible = false;
     if (!glfw3Bridge::init() || !glfw3Bridge::openWindow(request)) {
         return 0;
@@ -82,8 +67,8 @@ int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBi
 
     testBackend::WindowRecord& record = s.record;
     record.open = true;
-    record.requestedWidth = width;
-    record.requestedHeight = height;
+    record.requestedWidth = request.width;
+    record.requestedHeight = request.height;
     record.redBits = redBits;
     record.greenBits = greenBits;
     record.blueBits = blueBits;
