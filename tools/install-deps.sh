@@ -6,7 +6,7 @@ set -e
 PACKAGES="build-essential cmake pkg-config
 libglfw3-dev libglew-dev libgl1-mesa-dev libgl1-mesa-dri libx11-dev
 libopenal-dev libopenal1 libvorbis-dev libogg-dev
-libpng-dev libfreetype-dev fonts-dejavu-core
+libpng-dev libfreetype-dev fonts-dejavu-core librsvg2-bin
 libgtest-dev libgmock-dev libbenchmark-dev
 xvfb xauth x11-utils xdotool"
 

@@ -58,6 +58,14 @@
 #define GLFW_KEY_HOME (GLFW_KEY_SPECIAL + 44)
 #define GLFW_KEY_END (GLFW_KEY_SPECIAL + 45)
 #define GLFW_KEY_KP_0 (GLFW_KEY_SPECIAL + 46)
+#define GLFW_KEY_KP_1 (GLFW_KEY_SPECIAL + 47)
+#define GLFW_KEY_KP_2 (GLFW_KEY_SPECIAL + 48)
+#define GLFW_KEY_KP_3 (GLFW_KEY_SPECIAL + 49)
+#define GLFW_KEY_KP_4 (GLFW_KEY_SPECIAL + 50)
+#define GLFW_KEY_KP_5 (GLFW_KEY_SPECIAL + 51)
+#define GLFW_KEY_KP_6 (GLFW_KEY_SPECIAL + 52)
+#define GLFW_KEY_KP_7 (GLFW_KEY_SPECIAL + 53)
+#define GLFW_KEY_KP_8 (GLFW_KEY_SPECIAL + 54)
 #define GLFW_KEY_KP_9 (GLFW_KEY_SPECIAL + 55)
 #define GLFW_KEY_KP_DIVIDE (GLFW_KEY_SPECIAL + 56)
 #define GLFW_KEY_KP_MULTIPLY (GLFW_KEY_SPECIAL + 57)
@@ -126,15 +134,22 @@ struct GLFWvidmode {
 int glfwInit();
 void glfwTerminate();
 
+// Uses the hints given since the last open and then forgets them. 0 when a
+// window is already open. The context is current on return.
 int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBits,
                    int alphaBits, int depthBits, int stencilBits, int mode);
-void glfwOpenWindowHint(int target, int hint);
+void glfwOpenWindowHint(int target, int hint);  // GLFW_WINDOW_NO_RESIZE, GLFW_FSAA_SAMPLES, GLFW_REFRESH_RATE
 void glfwCloseWindow();
 void glfwSetWindowTitle(const char* title);
 void glfwGetWindowSize(int* width, int* height);
 void glfwSetWindowPos(int x, int y);
 void glfwSwapBuffers();  // also polls events, as 2.7 does by default
 void glfwSwapInterval(int interval);
+// GLFW_OPENED: a window is open and the user has not asked it to close (once
+// asked, it reads 0 until the window is closed and a new one opened; the
+// window and its context stay until glfwCloseWindow). GLFW_ACTIVE: it has the
+// input focus. GLFW_ACCELERATED: 0 on a software rasterizer. The bit counts
+// and GLFW_FSAA_SAMPLES: what the context really has. All 0 without a window.
 int glfwGetWindowParam(int param);
 
 // Modes of the primary monitor, smallest first (largest last), at most maxCount.

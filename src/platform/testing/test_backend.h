@@ -11,8 +11,17 @@
 // checks of the loop's N-th round.
 //
 // glfwOpenWindow() opens a real GL context (a hidden GLFW 3 window on the
-// X server, under Xvfb in the tests) of the requested size, so drawing code
-// runs for real and glReadPixels sees the result.
+// X server, under Xvfb in the tests) of the requested size, with the requested
+// bits and samples, so drawing code runs for real and glReadPixels sees the
+// result. A fullscreen request opens the same kind of hidden window of the
+// requested size. GLFW_ACCELERATED and the bit counts come from that context.
+// glfwSwapBuffers() presents nothing (nobody sees the hidden window), so the
+// back buffer keeps the frame just finished, as under Mesa on the desktop;
+// glfwCloseWindow() destroys the window and its context.
+//
+// Keys are 2.7 codes. A letter scripted in lower case is the key of that
+// letter, which the game sees under its upper-case code, as on the desktop.
+// glfwGetKey() and friends answer GLFW_RELEASE while no window is open.
 #pragma once
 
 #include <string>
@@ -22,18 +31,24 @@
 
 namespace testBackend {
 
-// Back to a fresh state: clock 0, round 0, no input held, no script, focus on,
-// default modes (see below), no failures armed. Closes a window left open.
+// Back to a fresh state: clock 0, round 0, no input held, mouse at 0, 0, no
+// script, focus on, default modes (see below), no failures armed, no frame
+// restore forced, services available and nothing recorded, glfwInit not yet
+// called. Closes a window left open.
 void reset();
 
 // Clock
 void setFrameCost(double seconds);  // added by every swap and poll; default 0
 void advanceTime(double seconds);   // as if the machine stalled
+// glfwSleep(s) adds s when s > 0 and nothing otherwise (the sum below
+// includes only those).
 double now();
 double totalSleep();                // sum of all glfwSleep arguments since reset
 
 // Rounds and the script
 unsigned round();
+// Events for a round that has already passed come with the next pump. Events
+// of one round apply in the order they were scripted.
 void keyAt(unsigned round, int key, bool down);
 void mouseButtonAt(unsigned round, int button, bool down);
 void mouseMoveAt(unsigned round, int x, int y);
@@ -55,9 +70,30 @@ void setDesktopMode(const GLFWvidmode& mode);
 void failInit(bool fail);
 void failOpenWindow(bool fail);
 
-// What the game asked of the window, for tests to read.
+// The back buffer keeps its frame across a swap under Mesa's software
+// renderer. Forcing the save-and-restore that other drivers need exercises
+// that path of the layer here. Applies from the next glfwOpenWindow on.
+void forceFrameRestore(bool force);
+bool frameRestoreActive();  // for the open window
+
+// Desktop services (desktop_services.h) in the test backend record what they
+// were asked and start nothing. setServicesAvailable(false) makes them return
+// false, as on a desktop without a notice program or opener.
+struct NoticeRecord {
+    std::string title;
+    std::string text;
+};
+void setServicesAvailable(bool available);
+const std::vector<NoticeRecord>& notices();
+const std::vector<std::string>& webAddresses();
+
+// What the game asked of the window, for tests to read. The fields from
+// requestedWidth to cursorEnabled describe the last window opened; each open
+// starts them afresh (title empty, position 0, 0, swap interval 0, the cursor
+// shown in a window and hidden in fullscreen, as 2.7 did). The counts run
+// from reset.
 struct WindowRecord {
-    bool open = false;
+    bool open = false;      // a window exists (a scripted close leaves it)
     int requestedWidth = 0, requestedHeight = 0;
     int redBits = 0, greenBits = 0, blueBits = 0, alphaBits = 0;
     int depthBits = 0, stencilBits = 0;
@@ -66,7 +102,7 @@ struct WindowRecord {
     int x = 0, y = 0;       // last glfwSetWindowPos
     std::string title;
     int swapInterval = 0;
-    bool cursorEnabled = false;
+    bool cursorEnabled = false;  // after glfwEnable/glfwDisable(GLFW_MOUSE_CURSOR)
     unsigned openCount = 0, closeCount = 0;
     unsigned swapCount = 0, pollCount = 0;
 };

@@ -1,0 +1,6 @@
+#version 110
+// The colour alone; a bound texture is ignored.
+void main()
+{
+    gl_FragColor = gl_Color;
+}

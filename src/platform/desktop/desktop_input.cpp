@@ -1,0 +1,83 @@
+// The 2.7 input, video-mode and timer calls on GLFW 3, for the game.
+#include <cerrno>
+#include <cmath>
+#include <ctime>
+#include <sched.h>
+
+#include "platform/glfw.h"
+#include "platform/glfw3_bridge.h"
+#include "platform/video_mode_order.h"
+
+namespace {
+
+GLFWvidmode toVidMode(const glfw3Bridge::ModeInfo& mode)
+{
+    GLFWvidmode result;
+    result.Width = mode.width;
+    result.Height = mode.height;
+    result.RedBits = mode.redBits;
+    result.GreenBits = mode.greenBits;
+    result.BlueBits = mode.blueBits;
+    return result;
+}
+
+}  // namespace
+
+int glfwGetVideoModes(GLFWvidmode* list, int maxCount)
+{
+    if (!list || maxCount <= 0) {
+        return 0;
+    }
+    std::vector<glfw3Bridge::ModeInfo> modes = orderModesAsLegacy(glfw3Bridge::primaryMonitorModes());
+    int count = 0;
+    for (const glfw3Bridge::ModeInfo& mode : modes) {
+        if (count == maxCount) {
+            break;
+        }
+        list[count++] = toVidMode(mode);
+    }
+    return count;
+}
+
+void glfwGetDesktopMode(GLFWvidmode* mode)
+{
+    if (mode) {
+        *mode = toVidMode(glfw3Bridge::desktopMode());
+    }
+}
+
+void glfwPollEvents() { glfw3Bridge::pollEvents(); }
+
+int glfwGetKey(int key) { return glfw3Bridge::keyDown(key) ? GLFW_PRESS : GLFW_RELEASE; }
+
+int glfwGetMouseButton(int button)
+{
+    return glfw3Bridge::mouseButtonDown(button) ? GLFW_PRESS : GLFW_RELEASE;
+}
+
+void glfwGetMousePos(int* x, int* y)
+{
+    double cursorX = 0, cursorY = 0;
+    glfw3Bridge::cursorPosition(&cursorX, &cursorY);
+    if (x) *x = static_cast<int>(cursorX);
+    if (y) *y = static_cast<int>(cursorY);
+}
+
+double glfwGetTime() { return glfw3Bridge::seconds(); }
+
+void glfwSleep(double seconds)
+{
+    if (!(seconds > 0)) {
+        sched_yield();
+        return;
+    }
+    timespec wait;
+    wait.tv_sec = static_cast<time_t>(seconds);
+    wait.tv_nsec = static_cast<long>((seconds - std::floor(seconds)) * 1e9);
+    if (wait.tv_nsec >= 1000000000L) {
+        wait.tv_nsec = 999999999L;
+    }
+    // A signal cuts a sleep short; sleep the rest.
+    while (nanosleep(&wait, &wait) == -1 && errno == EINTR) {
+    }
+}

@@ -1,0 +1,70 @@
+// The test backend's state, shared by its files (not for tests to include:
+// they use test_backend.h).
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/back_buffer_keeper.h"
+#include "platform/glfw.h"
+#include "platform/testing/test_backend.h"
+
+namespace testBackend {
+
+struct ScriptEvent {
+    enum Kind { Key, MouseButton, MouseMove, Focus, Close };
+    unsigned round = 0;
+    Kind kind = Key;
+    int a = 0, b = 0;  // key or button; or x and y
+    bool on = false;   // down, focused
+};
+
+struct OpenHints {
+    int noResize = 0;
+    int fsaaSamples = 0;
+};
+
+struct BackendState {
+    // Clock and rounds
+    double clock = 0;
+    double frameCost = 0;
+    double sleepTotal = 0;
+    unsigned round = 0;
+    std::vector<ScriptEvent> script;  // in order of round, then of scripting
+
+    // Input as the game sees it
+    bool keys[GLFW_KEY_LAST + 1] = {};
+    bool buttons[GLFW_MOUSE_BUTTON_LAST + 1] = {};
+    int mouseX = 0, mouseY = 0;
+    bool focused = true;
+    bool closed = false;  // by the user, through the script
+
+    // The pretended desktop
+    std::vector<GLFWvidmode> modes;
+    GLFWvidmode desktop = {};
+
+    // Library and window
+    bool failInit = false, failOpenWindow = false;
+    bool initialized = false;
+    bool accelerated = false;
+    bool forceFrameRestore = false;
+    OpenHints hints;
+    WindowRecord record;
+    BackBufferKeeper backBufferKeeper;
+
+    // Desktop services
+    bool servicesAvailable = true;
+    std::vector<NoticeRecord> notices;
+    std::vector<std::string> webAddresses;
+};
+
+BackendState& state();
+
+// One pump of events: the frame cost, the next round, its scripted events.
+void pump();
+// Applies one event to the input state.
+void apply(const ScriptEvent& event);
+// Where a key code lands in the key table; -1 when 2.7 would never report it.
+int keySlot(int key);
+
+}  // namespace testBackend

@@ -1,0 +1,56 @@
+#include "support/play_session.h"
+
+#include <GL/glew.h>
+#include <filesystem>
+
+#include "base/random.h"
+#include "data/settings.h"
+#include "platform/glfw.h"
+#include "platform/testing/test_backend.h"
+#include "render/primitives.h"
+#include "render/shaders.h"
+#include "render/text.h"
+#include "shell/window.h"
+#include "sound/sound.h"
+
+namespace fs = std::filesystem;
+
+void linkBuiltContent()
+{
+    const fs::path built = fs::path(GORVAN_RUN_DIR) / "content";
+    for (const char* name : {"images.sfa", "shaders.sfa", "maps", "sound", "music"}) {
+        if (fs::exists(built / name)) fs::create_symlink(built / name, fs::path("content") / name);
+    }
+}
+
+void PlaySession::open(unsigned seed)
+{
+    dir = std::make_unique<ScratchDir>();
+    linkBuiltContent();
+    forgetCachedVolumes();
+    testBackend::reset();
+    glfwInit();
+    desktopWidth = 1920;
+    desktopHeight = 1080;
+    openDisplayWindow(false);
+    glewInit();
+    initAudio();
+    loadBasicProgram();
+    loadShaders(nullptr);
+    loadFont();
+    createScreenTexture();
+    setOrtho(800, 600);
+    seedRandom(seed);
+    musicTrack = new Sound("content/music/Fennick - The Race.ogg", true, true);
+    opened = true;
+}
+
+PlaySession::~PlaySession()
+{
+    if (!opened) return;
+    delete musicTrack;
+    deleteFont();
+    deleteScreenTextures();
+    shutdownAudio();
+    glfwTerminate();
+}

@@ -1,0 +1,31 @@
+// Everything a game needs around it, on the test backend: a scratch working
+// folder with the built content, a 1000 x 600 window with its GL resources
+// (programs, font, screen texture), the audio system and a music track.
+// Random draws are seeded, so a scripted game replays identically.
+#pragma once
+
+#include <memory>
+
+#include "support/scratch_dir.h"
+
+class Sound;
+
+class PlaySession {
+public:
+    PlaySession() = default;
+    ~PlaySession();
+    PlaySession(const PlaySession&) = delete;
+    PlaySession& operator=(const PlaySession&) = delete;
+
+    // Opens everything; the seed goes to the game's generator.
+    void open(unsigned seed = 1);
+    Sound* music() { return musicTrack; }
+
+private:
+    std::unique_ptr<ScratchDir> dir;
+    Sound* musicTrack = nullptr;
+    bool opened = false;
+};
+
+// Links the built content (archives, maps, sounds) into ./content.
+void linkBuiltContent();
