@@ -4,8 +4,8 @@
 
 #include "base/numbers.h"
 #include "data/images.h"
-#include "render/texture_release.h"
 #include "data/map_file.h"
+#include "render/texture_release.h"
 #include "sim/cannon.h"
 #include "sim/level.h"
 #include "sim/upgrade_panel.h"
@@ -194,9 +194,10 @@ void CannonBank::rebuild(uint8_t n)
         return;
     buildSound->play();
     static const int16_t places[3][3] = {{192, 0, 0}, {96, 288, 0}, {64, 192, 320}};
-    for (uint8_t i = 0; i < n && i < 3; ++i)
+    uint8_t count = n > 3 ? 3 : n;  // the row holds three at most
+    for (uint8_t i = 0; i < count; ++i)
         cannons.push_back(
-            new Cannon(places[n - 1][i], baseTexture, barTexture, gearTexture, level));
+            new Cannon(places[count - 1][i], baseTexture, barTexture, gearTexture, level));
 }
 
 void Reticle::step(float targetX, float targetY, bool fired)

@@ -3,11 +3,10 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "base/random.h"
 #include "data/images.h"
-#include "render/texture_release.h"
 #include "data/map_file.h"
 #include "data/scores.h"
+#include "render/texture_release.h"
 #include "shell/window.h"
 #include "sim/cannon_bank.h"
 #include "sim/level.h"
