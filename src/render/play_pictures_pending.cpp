@@ -6,15 +6,7 @@
 #include "sim/player.h"
 #include "sim/score_signs.h"
 
-void Player::createFieldTextures() {}
-void Player::deleteFieldTextures() {}
-void Player::drawField() {}
 void Player::drawView() {}
 
-void CannonBank::drawLights() {}
-void CannonBank::drawMachines() {}
 void CannonBank::drawPanel() {}
-void Cannon::drawLight() {}
-void Cannon::draw(float) {}
-void Reticle::draw() {}
 void ScoreSigns::draw() {}
