@@ -4,9 +4,4 @@
 #include "sim/cannon.h"
 #include "sim/cannon_bank.h"
 #include "sim/player.h"
-#include "sim/score_signs.h"
 
-void Player::drawView() {}
-
-void CannonBank::drawPanel() {}
-void ScoreSigns::draw() {}
