@@ -107,7 +107,9 @@ def brackwyn():
         elif section == 2:
             notes(song, bar, melody_b[phrase_bar], key, ins.soft_lead, 0.45,
                   pan=-0.1, echo=0.3, room=0.5, octave=1)
-    return song.mixdown(echo_steps=(6, 8), echo_feedback=0.4, room_size=1.2, drive=1.0)
+    # Calmer and a little quieter than the play tracks.
+    return song.mixdown(echo_steps=(6, 8), echo_feedback=0.4, room_size=1.2, drive=1.0,
+                        target_peak=0.7)
 
 
 # ---- Nothing Less: steady four-on-the-floor ----------------------------------

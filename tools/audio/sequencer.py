@@ -141,7 +141,9 @@ class Song:
             echo = _circular_feedback(echo, echo_steps[ch] * self.step, echo_feedback)
             room = self._reverb(circular_lowpass(self.room[ch], 5000.0), ch, room_size)
             pumped = mul(self.pumped[ch], pump)
-            out.append([a + b + c + d for a, b, c, d in zip(self.dry[ch], echo, room, pumped)])
+            summed = [a + b + c + d for a, b, c, d in zip(self.dry[ch], echo, room, pumped)]
+            offset = sum(summed) / len(summed)       # no DC: a constant is seamless too
+            out.append([v - offset for v in summed])
         level = max(peak(out[0]), peak(out[1]))
         out = [[math.tanh(v * drive / level) for v in ch] for ch in out]
         level = max(peak(out[0]), peak(out[1]))
