@@ -7,6 +7,7 @@
 #include "data/settings.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
+#include "render/generated_textures.h"
 #include "render/primitives.h"
 #include "render/shaders.h"
 #include "render/text.h"
@@ -23,11 +24,12 @@ void linkBuiltContent()
     }
 }
 
-void PlaySession::open(unsigned seed)
+void PlaySession::open(unsigned seed, uint16_t width, uint16_t height)
 {
     dir = std::make_unique<ScratchDir>();
     linkBuiltContent();
     forgetCachedVolumes();
+    if (width != 0) setResolution(width, height);
     testBackend::reset();
     glfwInit();
     desktopWidth = 1920;
@@ -38,8 +40,12 @@ void PlaySession::open(unsigned seed)
     loadBasicProgram();
     loadShaders(nullptr);
     loadFont();
+    loadPanelButtonTexture();
     createScreenTexture();
+    seedRandom(seed);
+    generateTextures(nullptr);
     setOrtho(800, 600);
+    // Seeded again after the ground, so a game's draws follow from the seed alone.
     seedRandom(seed);
     musicTrack = new Sound("content/music/Fennick - The Race.ogg", true, true);
     opened = true;
@@ -49,6 +55,8 @@ PlaySession::~PlaySession()
 {
     if (!opened) return;
     delete musicTrack;
+    freeSurfaceData();
+    deletePanelButtonTexture();
     deleteFont();
     deleteScreenTextures();
     shutdownAudio();

@@ -1,9 +1,11 @@
 // Everything a game needs around it, on the test backend: a scratch working
-// folder with the built content, a 1000 x 600 window with its GL resources
-// (programs, font, screen texture), the audio system and a music track.
+// folder with the built content, a window (1000 x 600 unless asked) with its
+// GL resources (programs, font, key-caps, screen texture, the generated
+// ground), the audio system and a music track.
 // Random draws are seeded, so a scripted game replays identically.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "support/scratch_dir.h"
@@ -17,8 +19,9 @@ public:
     PlaySession(const PlaySession&) = delete;
     PlaySession& operator=(const PlaySession&) = delete;
 
-    // Opens everything; the seed goes to the game's generator.
-    void open(unsigned seed = 1);
+    // Opens everything; the seed goes to the game's generator. A width of 0
+    // leaves the resolution setting at "Auto" (a 1000 x 600 window).
+    void open(unsigned seed = 1, uint16_t width = 0, uint16_t height = 0);
     Sound* music() { return musicTrack; }
 
 private:

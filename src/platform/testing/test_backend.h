@@ -24,6 +24,7 @@
 // glfwGetKey() and friends answer GLFW_RELEASE while no window is open.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,13 @@ void setMouseButton(int button, bool down);
 void setMousePos(int x, int y);
 void setFocus(bool focused);
 void closeWindowNow();
+
+// A look at each finished frame: every glfwSwapBuffers() of an open window
+// first calls the watcher with the round that the swap ends (round() + 1,
+// the loop's own count of its rounds), while the back buffer holds the frame
+// just drawn. An empty watcher watches nothing; reset() removes it.
+using FrameWatcher = std::function<void(unsigned round)>;
+void watchFrames(FrameWatcher watcher);
 
 // The desktop the backend pretends to have. Default: desktop 1920 x 1080 and
 // the modes 640x480, 800x600, 1024x768, 1280x720, 1920x1080 at 8/8/8 bits.

@@ -1,6 +1,7 @@
 // The test backend's control interface, and its rounds.
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 #include "platform/glfw3_bridge.h"
 #include "platform/testing/test_state.h"
@@ -123,6 +124,8 @@ double now() { return state().clock; }
 double totalSleep() { return state().sleepTotal; }
 
 unsigned round() { return state().round; }
+
+void watchFrames(FrameWatcher watcher) { state().frameWatcher = std::move(watcher); }
 
 void keyAt(unsigned round, int key, bool down) { schedule(makeEvent(round, ScriptEvent::Key, key, 0, down)); }
 

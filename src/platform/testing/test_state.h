@@ -31,6 +31,7 @@ struct BackendState {
     double sleepTotal = 0;
     unsigned round = 0;
     std::vector<ScriptEvent> script;  // in order of round, then of scripting
+    FrameWatcher frameWatcher;
 
     // Input as the game sees it
     bool keys[GLFW_KEY_LAST + 1] = {};

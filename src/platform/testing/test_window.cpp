@@ -125,6 +125,10 @@ void glfwSwapBuffers()
     auto& s = state();
     s.record.swapCount++;
     if (s.record.open) {
+        if (s.frameWatcher) {
+            testBackend::FrameWatcher watcher = s.frameWatcher;  // it may replace itself
+            watcher(s.round + 1);
+        }
         if (s.backBufferKeeper.needed()) {
             int width = 0, height = 0;
             glfw3Bridge::getSize(&width, &height);
