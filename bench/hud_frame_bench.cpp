@@ -57,4 +57,29 @@ BENCHMARK(BM_PlayFrame)
     ->Repetitions(5)
     ->ReportAggregatesOnly(true);
 
+// The whole late frame, one side at 1000 x 600, with and without the
+// multisampling the game asks for (llvmpipe gives 4 samples for 2): what the
+// samples cost in the copies and the full-field passes.
+void BM_PlayFrameSamples(benchmark::State& state)
+{
+    PlayStage stage(1000, 600, 1, Moment::late, static_cast<int>(state.range(0)));
+    GLint samples = 0;
+    glGetIntegerv(GL_SAMPLES, &samples);
+    stage.drawFrame();
+    glFinish();
+    for (auto _ : state) {
+        stage.drawFrame();
+        glFinish();
+    }
+    state.counters["samples"] = samples;
+}
+BENCHMARK(BM_PlayFrameSamples)
+    ->ArgNames({"asked"})
+    ->Arg(0)
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.5)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly(true);
+
 }  // namespace

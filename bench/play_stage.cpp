@@ -62,13 +62,13 @@ void playOn(Player& player, Moment moment)
 
 }  // namespace
 
-PlayStage::PlayStage(int width, int height, int sides, Moment moment)
+PlayStage::PlayStage(int width, int height, int sides, Moment moment, int samples)
 {
     QuietOutput quiet;
     if (chdir(GORVAN_RUN_DIR) != 0) return;
     testBackend::reset();
     glfwInit();
-    glfwOpenWindowHint(GLFW_FSAA_SAMPLES, 2);
+    glfwOpenWindowHint(GLFW_FSAA_SAMPLES, samples);
     glfwOpenWindow(width, height, 8, 8, 8, 8, 0, 8, GLFW_WINDOW);
     setScreenSize(-1, -1);
     glewInit();

@@ -18,7 +18,8 @@ enum class Moment { early = 0, late = 1, blast = 2 };
 
 class PlayStage {
 public:
-    PlayStage(int width, int height, int sides, Moment moment);
+    // samples: the multisampling asked of the window; the game asks for 2.
+    PlayStage(int width, int height, int sides, Moment moment, int samples = 2);
     ~PlayStage();
     PlayStage(const PlayStage&) = delete;
     PlayStage& operator=(const PlayStage&) = delete;
