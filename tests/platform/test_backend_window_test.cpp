@@ -6,6 +6,8 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/back_buffer_keeper.h"
 #include "platform/glfw.h"
@@ -159,6 +161,31 @@ TEST_F(TestBackendWindow, BackBufferHoldsTheShownFrameAfterASwap)
     glfwSwapBuffers();
     EXPECT_EQ(readBackPixel(10, 70).g, 255);
     EXPECT_EQ(readBackPixel(10, 70).r, 0);
+}
+
+TEST_F(TestBackendWindow, FrameWatcherSeesEachSwapWithItsRoundAndTheFrameDrawn)
+{
+    openGameWindow(100, 80);
+    std::vector<std::pair<unsigned, int>> seen;  // round, red of the frame
+    testBackend::watchFrames([&](unsigned round) { seen.push_back({round, readBackPixel(5, 5).r}); });
+    clearTo(1, 0, 0);
+    glfwSwapBuffers();  // round 1
+    glfwPollEvents();   // round 2: no frame, nothing to watch
+    clearTo(0, 0, 1);
+    glfwSwapBuffers();  // round 3
+    ASSERT_EQ(seen.size(), 2u);
+    EXPECT_EQ(seen[0], std::make_pair(1u, 255));
+    EXPECT_EQ(seen[1], std::make_pair(3u, 0));
+    EXPECT_EQ(testBackend::round(), 3u);
+
+    testBackend::closeWindowNow();  // the window stays, the game would stop
+    glfwSwapBuffers();
+    EXPECT_EQ(seen.size(), 3u);
+    testBackend::reset();  // removes the watcher with everything else
+    ASSERT_EQ(glfwInit(), 1);
+    openGameWindow(100, 80);
+    glfwSwapBuffers();
+    EXPECT_EQ(seen.size(), 3u);
 }
 
 TEST_F(TestBackendWindow, ForcedFrameRestoreBringsTheFrameBackAndLeavesStateAlone)
