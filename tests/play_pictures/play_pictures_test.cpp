@@ -140,12 +140,12 @@ TEST(PlayPictures, StageLateWithLightningAndABlast)
     const WindowPicture& picture = recorder.at(late);
     EXPECT_TRUE(matchesReference(picture, "stage_late_lightning_blast"));
 
-    // The blast's red glow over the whole field: red well above green and blue.
+    // The blast's red bolts and warm glow over the whole field. The plain lit
+    // ground of this map measures about 99, 62, 18 (see survival_early).
     const PlayerView view = playerView(picture.width, picture.height, true, 0);
     const AreaMeans field = measure(picture, inner(fieldArea(view, picture.height), 8));
-    EXPECT_GT(field.red, 1.5 * field.green);
-    EXPECT_GT(field.red, 1.5 * field.blue);
-    EXPECT_GT(field.red, 60.0);
+    EXPECT_GT(field.red, 160.0);
+    EXPECT_GT(field.red, 2 * field.green);
 }
 
 TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
