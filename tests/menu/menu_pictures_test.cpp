@@ -1,0 +1,125 @@
+// What the pages look like, read back from screenshots the F12 key takes in
+// the loop: the title letters, the marker, the locked maps in red, the row
+// frame, the credits' lines and the how-to-play picture's place. When
+// GORVAN_MENU_SHOTS names a folder, the pictures are copied there for a look.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "menu/menu.h"
+#include "menu_script.h"
+
+namespace {
+
+class MenuPictures : public ::testing::Test {
+protected:
+    void SetUp() override { session.open(); }
+
+    // F12 after the wait; the picture is written over the next rounds.
+    void shootAfter(MenuScript& script, unsigned rounds)
+    {
+        script.wait(rounds);
+        testBackend::keyAt(script.next, GLFW_KEY_F12, true);
+        testBackend::keyAt(script.next + 1, GLFW_KEY_F12, false);
+        script.wait(12);
+    }
+
+    Screenshot keep(const char* name)
+    {
+        const std::string path = "screenshots/0000.bmp";
+        if (const char* folder = std::getenv("GORVAN_MENU_SHOTS")) {
+            std::filesystem::copy_file(path, std::string(folder) + "/" + name + ".bmp",
+                                       std::filesystem::copy_options::overwrite_existing);
+        }
+        return Screenshot(path);
+    }
+
+    PlaySession session;
+};
+
+}  // namespace
+
+TEST_F(MenuPictures, TheMainPageShowsTitleButtonsAndMarker)
+{
+    MenuScript script;
+    shootAfter(script, 150);
+    script.closeWindow();
+    Menu menu(menuEntryMain);
+    Screenshot shot = keep("main");
+    ASSERT_TRUE(shot.valid());
+    EXPECT_GT(shot.brightest(500 - 172, 10, 500 + 173, 138), 150);  // the title letters
+    EXPECT_GT(shot.brightest(420, 148, 580, 172), 150);             // "1 player game"
+    // The marker's red wings on both sides of the first button.
+    EXPECT_TRUE(shot.hasRed(190, 140, 380, 180));
+    EXPECT_TRUE(shot.hasRed(620, 140, 810, 180));
+    EXPECT_FALSE(shot.hasRed(190, 190, 380, 230));
+}
+
+TEST_F(MenuPictures, LockedMapsAreRedAndTheFirstRowIsFramed)
+{
+    MenuScript script;
+    shootAfter(script, 60);
+    script.closeWindow();
+    Menu menu(menuEntryStage);  // a fresh score file: map 1 alone is open
+    Screenshot shot = keep("levels");
+    ASSERT_TRUE(shot.valid());
+    const int left = menu.columnOffset - 115;
+    EXPECT_FALSE(shot.hasRed(left, 36, left + 150, 54));  // "1.  First Light"
+    EXPECT_GT(shot.brightest(left, 36, left + 150, 54), 150);
+    EXPECT_TRUE(shot.hasRed(left, 60, left + 150, 78));      // map 2, locked
+    EXPECT_TRUE(shot.hasRed(left, 492, left + 150, 510));    // map 20
+    // The frame's right end, beyond the score column, white and faint.
+    EXPECT_GT(shot.brightest(1000 - 250 + 160, 31, 1000 - 250 + 168, 36), 60);
+    EXPECT_EQ(shot.brightest(1000 - 250 + 160, 80, 1000 - 250 + 168, 90), 0);
+}
+
+TEST_F(MenuPictures, TheCreditsLinesHaveAllComeUp)
+{
+    // A slow machine: the clock leaves out two frames of three, which spares
+    // the test most of its drawing and changes nothing of the lines' timing.
+    testBackend::setFrameCost(0.05);
+    MenuScript script;
+    script.press(GLFW_KEY_DOWN, 5);
+    script.press(GLFW_KEY_ENTER);
+    shootAfter(script, 520);
+    script.closeWindow();
+    Menu menu(menuEntryMain);
+    Screenshot shot = keep("credits");
+    ASSERT_TRUE(shot.valid());
+    EXPECT_GT(shot.brightest(400, 55, 600, 80), 150);    // "Game created by Kelvarin"
+    EXPECT_GT(shot.brightest(420, 408, 580, 432), 150);  // "OpenGL Framework (glfw)", the last
+    EXPECT_GT(shot.brightest(420, 488, 580, 512), 150);  // the web address button
+}
+
+TEST_F(MenuPictures, TheHowToPlayPictureIsCentredAndAtMost800Wide)
+{
+    MenuScript script;
+    script.press(GLFW_KEY_DOWN, 4);
+    script.press(GLFW_KEY_ENTER);
+    shootAfter(script, 60);
+    script.closeWindow();
+    Menu menu(menuEntryMain);
+    Screenshot shot = keep("howtoplay");
+    ASSERT_TRUE(shot.valid());
+    // Window 1000 x 600: the picture spans x 100 to 900, y 0 to 550.
+    EXPECT_EQ(shot.brightest(0, 0, 96, 500), 0);
+    EXPECT_EQ(shot.brightest(904, 0, 1000, 500), 0);
+    EXPECT_GT(shot.brightest(100, 0, 900, 550), 100);
+}
+
+TEST_F(MenuPictures, SettingsShowTheStoredValues)
+{
+    MenuScript script;
+    script.press(GLFW_KEY_DOWN, 3);
+    script.press(GLFW_KEY_ENTER);
+    shootAfter(script, 60);
+    script.closeWindow();
+    Menu menu(menuEntryMain);
+    Screenshot shot = keep("settings");
+    ASSERT_TRUE(shot.valid());
+    // The values stand right of the centre, one row per setting.
+    for (int row = 0; row < 5; ++row)
+        EXPECT_GT(shot.brightest(650, 97 + 50 * row, 720, 123 + 50 * row), 150) << row;
+}
