@@ -123,3 +123,18 @@ TEST_F(MenuPictures, SettingsShowTheStoredValues)
     for (int row = 0; row < 5; ++row)
         EXPECT_GT(shot.brightest(650, 97 + 50 * row, 720, 123 + 50 * row), 150) << row;
 }
+
+// A minute and a quarter on the main page: the title breaks up and the
+// hidden word shows over it. Long, so only when pictures are asked for.
+TEST_F(MenuPictures, TheHiddenWordAfterTheLongWait)
+{
+    if (!std::getenv("GORVAN_MENU_SHOTS")) GTEST_SKIP() << "GORVAN_MENU_SHOTS is not set";
+    testBackend::setFrameCost(0.05);
+    MenuScript script;
+    shootAfter(script, 4700);
+    script.closeWindow();
+    Menu menu(menuEntryMain);
+    Screenshot shot = keep("hidden_word");
+    ASSERT_TRUE(shot.valid());
+    EXPECT_GT(shot.brightest(500 - 172, 10, 500 + 173, 138), 150);
+}
