@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "data/scores.h"
 #include "menu/menu.h"
 #include "menu_script.h"
 
@@ -57,22 +58,36 @@ TEST_F(MenuPictures, TheMainPageShowsTitleButtonsAndMarker)
     EXPECT_FALSE(shot.hasRed(190, 190, 380, 230));
 }
 
-TEST_F(MenuPictures, LockedMapsAreRedAndTheFirstRowIsFramed)
+TEST_F(MenuPictures, LockedMapsAreRedAndBarsRunFromRedToGreen)
 {
-    MenuScript script;
+    saveStageScore(1, 400);  // above the par of 325: 100 points, a full green bar
+    saveStageScore(2, 200);  // half the par of 400: 50 points, a yellow bar half as long
+    MenuScript script;       // 150 points open maps 1 to 3
     shootAfter(script, 60);
     script.closeWindow();
-    Menu menu(menuEntryStage);  // a fresh score file: map 1 alone is open
+    Menu menu(menuEntryStage);
     Screenshot shot = keep("levels");
     ASSERT_TRUE(shot.valid());
+    ASSERT_EQ(menu.unlockedMaps, 3);
     const int left = menu.columnOffset - 115;
+    const int right = 1000 - menu.columnOffset;
     EXPECT_FALSE(shot.hasRed(left, 36, left + 150, 54));  // "1.  First Light"
     EXPECT_GT(shot.brightest(left, 36, left + 150, 54), 150);
-    EXPECT_TRUE(shot.hasRed(left, 60, left + 150, 78));      // map 2, locked
+    EXPECT_FALSE(shot.hasRed(left, 84, left + 150, 102));    // map 3, open
+    EXPECT_TRUE(shot.hasRed(left, 108, left + 150, 126));    // map 4, locked
     EXPECT_TRUE(shot.hasRed(left, 492, left + 150, 510));    // map 20
-    // The frame's right end, beyond the score column, white and faint.
-    EXPECT_GT(shot.brightest(1000 - 250 + 160, 31, 1000 - 250 + 168, 36), 60);
-    EXPECT_EQ(shot.brightest(1000 - 250 + 160, 80, 1000 - 250 + 168, 90), 0);
+    int rgb[3];
+    shot.pixel(right + 155 - 190, 44, rgb);  // map 1's bar, near its far end
+    EXPECT_EQ(rgb[0], 0);
+    EXPECT_NEAR(rgb[1], 178, 2);
+    shot.pixel(right + 155 - 90, 68, rgb);   // map 2's bar
+    EXPECT_NEAR(rgb[0], 178, 2);
+    EXPECT_NEAR(rgb[1], 178, 2);
+    shot.pixel(right + 155 - 110, 68, rgb);  // beyond map 2's bar
+    EXPECT_EQ(rgb[1], 0);
+    // The frame on the first row, beyond the score column, white and faint.
+    EXPECT_GT(shot.brightest(right + 160, 31, right + 168, 36), 60);
+    EXPECT_EQ(shot.brightest(right + 160, 80, right + 168, 90), 0);
 }
 
 TEST_F(MenuPictures, TheCreditsLinesHaveAllComeUp)
