@@ -2,7 +2,7 @@
 // how each game went: for balancing the maps and for finding crashes.
 //
 //   headless_runner [--map N | --all] [--mode stage|survival|versus|all]
-//                   [--seed S] [--policy idle|simple] [--script FILE]
+//                   [--seed S] [--policy idle|simple|smart] [--script FILE]
 //                   [--max-rounds R] [--run-dir DIR]
 //
 // The rounds follow the Game's order: the left Player, the right one, the
@@ -32,12 +32,19 @@
 
 namespace {
 
+// idle: the one cannon of the start and nothing pressed. simple: three
+// cannons and every temporary upgrade used at once. smart: three cannons,
+// the slider leaning to permanent upgrades and temporary ones saved for a
+// crowded field.
+enum Policy { idlePolicy, simplePolicy, smartPolicy };
+const char* const policyNames[3] = {"idle", "simple", "smart"};
+
 struct Options {
     int map = 1;
     bool allMaps = false;
     std::vector<int> modes = {0};  // 0 stage, 1 survival, 2 versus
     uint32_t seed = 1;
-    bool simplePolicy = true;
+    Policy policy = simplePolicy;
     std::string script;
     uint32_t maxRounds = 300000;
 };
@@ -80,6 +87,42 @@ void policyKeys(const Player& player, uint32_t round)
 {
     testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
     testBackend::setKey('S', wantsTemporary(player, round));
+    if (!player.singlePlayer)
+        testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
+}
+
+// The smart player's share of permanent upgrades: they last, so they win a
+// long stage; some temporary ones still come for the rushes.
+const float smartShare = 75;
+
+// The field is filling up: enemies many, or the front one near the line.
+bool fieldIsCrowded(const Player& player)
+{
+    int alive = 0;
+    for (const Enemy* enemy : player.level->enemies)
+        alive += enemy != nullptr;
+    float x, y;
+    player.level->frontEnemy(x, y);
+    return alive >= 8 || (y < 600 && y > 360);
+}
+
+// A temporary upgrade goes when the field is crowded, or when too many wait;
+// a boost (kind 11) goes at once, since it makes the others.
+bool smartWantsTemporary(const Player& player, uint32_t round)
+{
+    const std::vector<Upgrade*>& queue = player.bank->panel->temporary;
+    if (queue.empty() || round % 2 != 0)
+        return false;
+    return queue.front()->kind == 11 || queue.size() > 3 || fieldIsCrowded(player);
+}
+
+void smartPolicyKeys(const Player& player, uint32_t round)
+{
+    testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
+    float share = player.bank->permanentShare;
+    testBackend::setKey('Q', share < smartShare - 0.5f);
+    testBackend::setKey('A', share > smartShare + 0.5f);
+    testBackend::setKey('S', smartWantsTemporary(player, round));
     if (!player.singlePlayer)
         testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
 }
@@ -196,7 +239,11 @@ bool playOne(const Options& options, int map, int mode)
     while (fadeCountdown > 0) {
         round += 1;
         glfwPollEvents();  // the scripted input of this round
-        if (options.simplePolicy) {
+        if (options.policy == smartPolicy) {
+            smartPolicyKeys(*left, round);
+            if (right)
+                policyMouse(*right, round);  // the mouse side plays simple
+        } else if (options.policy == simplePolicy) {
             policyKeys(*left, round);
             if (right)
                 policyMouse(*right, round);
@@ -239,7 +286,7 @@ bool playOne(const Options& options, int map, int mode)
     }
 
     std::printf("map %d %s seed %u policy %s: %s after %u rounds, endMessage %u\n", map,
-                modeNames[mode], options.seed, options.simplePolicy ? "simple" : "idle",
+                modeNames[mode], options.seed, policyNames[options.policy],
                 capped ? "capped" : "ended", capped ? round : endRound, endMessage);
     printSide(right ? "left " : "player", *left, leftStats);
     if (right)
@@ -272,8 +319,10 @@ bool parse(int argc, char** argv, Options& options, std::string& runDir)
             options.seed = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
         } else if (arg == "--policy" && hasValue) {
             std::string policy = argv[++i];
-            if (policy != "idle" && policy != "simple") return false;
-            options.simplePolicy = policy == "simple";
+            if (policy == "idle") options.policy = idlePolicy;
+            else if (policy == "simple") options.policy = simplePolicy;
+            else if (policy == "smart") options.policy = smartPolicy;
+            else return false;
         } else if (arg == "--script" && hasValue) {
             options.script = argv[++i];
         } else if (arg == "--max-rounds" && hasValue) {
@@ -296,7 +345,7 @@ int main(int argc, char** argv)
     if (!parse(argc, argv, options, runDir)) {
         std::fprintf(stderr,
                      "usage: headless_runner [--map N | --all] [--mode stage|survival|versus|all]"
-                     " [--seed S] [--policy idle|simple] [--script FILE] [--max-rounds R]"
+                     " [--seed S] [--policy idle|simple|smart] [--script FILE] [--max-rounds R]"
                      " [--run-dir DIR]\n");
         return 2;
     }
