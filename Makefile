@@ -20,7 +20,7 @@ play: build
 
 # Tests that open a window get their own X server with Mesa's software renderer.
 check: build
-	cd $(BUILD) && xvfb-run -a -s "-screen 0 1920x1080x24" \
+	cd $(BUILD) && xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" \
 		ctest --output-on-failure -j $(JOBS) --timeout 600
 
 clean:

@@ -11,6 +11,8 @@
 // down|up" (KEY a character such as 3, Q, S, W) and "ROUND click X Y" (a
 // left click held for one round at window pixel X, Y), applied as the test
 // backend applies scripted input.
+#include <GL/glew.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -220,6 +222,7 @@ bool playOne(const Options& options, int map, int mode)
         std::fprintf(stderr, "Couldn't open the test window\n");
         std::exit(1);
     }
+    glewInit();  // a Player draws its "Speed up!" sign when it is made
     setScreenSize(800, 600);
     if (!options.script.empty() && !loadScript(options.script))
         std::exit(2);

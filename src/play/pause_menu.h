@@ -1,14 +1,36 @@
-// STAND-IN until the pause menu is built: a loop that holds the game while it
-// is paused, with the result a pause menu hands back. ESC, P or the right
-// mouse button (pressed anew) resume; ENTER leaves for the main menu; a closed
-// window leaves the result at 0 (Quit). Nothing is drawn: the paused picture
-// stays on screen.
+// The pause: the last picture of the play frozen behind a panel of four
+// buttons. The constructor runs the whole loop and leaves the answer in
+// `result` (a GameResult; 0 when the window closed). The caller pauses the
+// music and resyncs its clock.
 #pragma once
 
 #include <cstdint>
 
+#include "menu/widgets.h"
+
+class ButtonList;
+class Sound;
+
 class PauseMenu {
 public:
     PauseMenu();
-    uint8_t result = 0;  // GameResult
+    ~PauseMenu();
+    PauseMenu(const PauseMenu&) = delete;
+    PauseMenu& operator=(const PauseMenu&) = delete;
+
+    Sound* moveSound = nullptr;
+    Sound* staticSound = nullptr;
+    ButtonList* list = nullptr;
+    SelectionMarker marker{0, 0};
+    uint32_t panelTexture = 0;
+    uint8_t result = 0;
+    int16_t virtualWidth = 0;
+
+    // What the loop left behind, for tests.
+    uint32_t roundsRun = 0;
+    uint8_t finalSelection = 0;
+
+private:
+    void run();
+    void drawFrame(uint32_t animFrame);
 };

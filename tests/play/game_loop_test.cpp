@@ -54,14 +54,14 @@ TEST_F(GameLoop, APauseResumedEarlierLeavesResumeWhenTheWindowCloses)
 {
     testBackend::keyAt(5, 'P', true);    // pauses in round 5
     testBackend::keyAt(8, 'P', false);   // pumps of the pause loop count as rounds
-    testBackend::keyAt(10, 'P', true);   // resumes
+    testBackend::keyAt(10, 'P', true);   // resumes; the opening plays back
     testBackend::keyAt(12, 'P', false);
     testBackend::closeAt(40);
     Game game(session.music(), 1, false, "content/maps/map1.txt", 1);
     EXPECT_EQ(game.result, resultResume);
     // Pause rounds do not count as game rounds.
-    EXPECT_LT(game.framesPlayed, 40u);
-    EXPECT_GT(game.framesPlayed, 30u);
+    EXPECT_LT(game.framesPlayed, 35u);
+    EXPECT_GT(game.framesPlayed, 20u);
 }
 
 TEST_F(GameLoop, LosingFocusPausesEvenWithTheKeysHeld)

@@ -1,5 +1,7 @@
 #include "sim_fixture.h"
 
+#include <GL/glew.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -28,6 +30,8 @@ void SimTest::SetUp()
     testBackend::reset();
     glfwInit();
     ASSERT_TRUE(glfwOpenWindow(800, 600, 8, 8, 8, 8, 0, 8, GLFW_WINDOW));
+    // A Player draws its "Speed up!" sign when it is made: GL entry points needed.
+    ASSERT_EQ(glewInit(), GLEW_OK);
     setScreenSize(800, 600);
     seedRandom(1);
 }
