@@ -2,7 +2,7 @@
 // how each game went: for balancing the maps and for finding crashes.
 //
 //   headless_runner [--map N | --all] [--mode stage|survival|versus|all]
-//                   [--seed S] [--policy idle|simple|smart] [--script FILE]
+//                   [--seed S] [--policy idle|cannons|simple|smart] [--script FILE]
 //                   [--max-rounds R] [--run-dir DIR]
 //
 // The rounds follow the Game's order: the left Player, the right one, the
@@ -32,14 +32,9 @@
 #include "sim/player.h"
 #include "sim/upgrade_panel.h"
 
-namespace {
+#include "runner_policies.h"
 
-// idle: the one cannon of the start and nothing pressed. simple: three
-// cannons and every temporary upgrade used at once. smart: three cannons,
-// the slider leaning to permanent upgrades and temporary ones saved for a
-// crowded field.
-enum Policy { idlePolicy, simplePolicy, smartPolicy };
-const char* const policyNames[3] = {"idle", "simple", "smart"};
+namespace {
 
 struct Options {
     int map = 1;
@@ -75,75 +70,6 @@ void watch(Player& player, SideStats& stats)
     stats.lastEndState = player.endState;
     if (player.combo > stats.bestCombo)
         stats.bestCombo = player.combo;
-}
-
-// The simple player: three cannons, every temporary upgrade used as soon as
-// it is there, and on the left of a two-player game a charge now and then.
-// Key presses go through the backend, as a person's would.
-bool wantsTemporary(const Player& player, uint32_t round)
-{
-    return !player.bank->panel->temporary.empty() && round % 2 == 0;
-}
-
-void policyKeys(const Player& player, uint32_t round)
-{
-    testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
-    testBackend::setKey('S', wantsTemporary(player, round));
-    if (!player.singlePlayer)
-        testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
-}
-
-// The smart player's share of permanent upgrades: they last, so they win a
-// long stage; some temporary ones still come for the rushes.
-const float smartShare = 75;
-
-// The field is filling up: enemies many, or the front one near the line.
-bool fieldIsCrowded(const Player& player)
-{
-    int alive = 0;
-    for (const Enemy* enemy : player.level->enemies)
-        alive += enemy != nullptr;
-    float x, y;
-    player.level->frontEnemy(x, y);
-    return alive >= 8 || (y < 600 && y > 360);
-}
-
-// A temporary upgrade goes when the field is crowded, or when too many wait;
-// a boost (kind 11) goes at once, since it makes the others.
-bool smartWantsTemporary(const Player& player, uint32_t round)
-{
-    const std::vector<Upgrade*>& queue = player.bank->panel->temporary;
-    if (queue.empty() || round % 2 != 0)
-        return false;
-    return queue.front()->kind == 11 || queue.size() > 3 || fieldIsCrowded(player);
-}
-
-void smartPolicyKeys(const Player& player, uint32_t round)
-{
-    testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
-    float share = player.bank->permanentShare;
-    testBackend::setKey('Q', share < smartShare - 0.5f);
-    testBackend::setKey('A', share > smartShare + 0.5f);
-    testBackend::setKey('S', smartWantsTemporary(player, round));
-    if (!player.singlePlayer)
-        testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
-}
-
-// The right side of a two-player game has the mouse: one click a round at most.
-void policyMouse(const Player& player, uint32_t round)
-{
-    const PanelButton* button = nullptr;
-    if (round < 5 && player.bank->heldCannons != 3)
-        button = player.cannonButtons[3];
-    else if (wantsTemporary(player, round))
-        button = player.useTemporaryButton;
-    if (!button) {
-        testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, false);
-        return;
-    }
-    testBackend::setMousePos(button->pixelX + button->pixelWidth / 2,
-                             button->pixelY + button->pixelHeight / 2);
-    testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, true);
 }
 
 bool loadScript(const std::string& path)
@@ -233,6 +159,7 @@ bool playOne(const Options& options, int map, int mode)
     Player* left = new Player(mode == 2 ? 1 : 0, survival, path.c_str(), map);
     Player* right = mode == 2 ? new Player(2, true, path.c_str(), map) : nullptr;
     SideStats leftStats, rightStats;
+    PolicyMemory memory;
 
     uint32_t round = 0;
     uint8_t endMessage = 0;
@@ -242,15 +169,9 @@ bool playOne(const Options& options, int map, int mode)
     while (fadeCountdown > 0) {
         round += 1;
         glfwPollEvents();  // the scripted input of this round
-        if (options.policy == smartPolicy) {
-            smartPolicyKeys(*left, round);
-            if (right)
-                policyMouse(*right, round);  // the mouse side plays simple
-        } else if (options.policy == simplePolicy) {
-            policyKeys(*left, round);
-            if (right)
-                policyMouse(*right, round);
-        }
+        pressPolicyKeys(options.policy, *left, round, memory);
+        if (right && options.policy != idlePolicy)
+            clickSimplePolicy(*right, round);  // the mouse side plays simple
         size_t leftQueue = left->bank->panel->temporary.size();
         size_t rightQueue = right ? right->bank->panel->temporary.size() : 0;
         left->update();
@@ -289,7 +210,7 @@ bool playOne(const Options& options, int map, int mode)
     }
 
     std::printf("map %d %s seed %u policy %s: %s after %u rounds, endMessage %u\n", map,
-                modeNames[mode], options.seed, policyNames[options.policy],
+                modeNames[mode], options.seed, policyName(options.policy),
                 capped ? "capped" : "ended", capped ? round : endRound, endMessage);
     printSide(right ? "left " : "player", *left, leftStats);
     if (right)
@@ -321,11 +242,9 @@ bool parse(int argc, char** argv, Options& options, std::string& runDir)
         } else if (arg == "--seed" && hasValue) {
             options.seed = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
         } else if (arg == "--policy" && hasValue) {
-            std::string policy = argv[++i];
-            if (policy == "idle") options.policy = idlePolicy;
-            else if (policy == "simple") options.policy = simplePolicy;
-            else if (policy == "smart") options.policy = smartPolicy;
-            else return false;
+            int policy = policyFromName(argv[++i]);
+            if (policy < 0) return false;
+            options.policy = static_cast<Policy>(policy);
         } else if (arg == "--script" && hasValue) {
             options.script = argv[++i];
         } else if (arg == "--max-rounds" && hasValue) {
@@ -348,7 +267,7 @@ int main(int argc, char** argv)
     if (!parse(argc, argv, options, runDir)) {
         std::fprintf(stderr,
                      "usage: headless_runner [--map N | --all] [--mode stage|survival|versus|all]"
-                     " [--seed S] [--policy idle|simple|smart] [--script FILE] [--max-rounds R]"
+                     " [--seed S] [--policy idle|cannons|simple|smart] [--script FILE] [--max-rounds R]"
                      " [--run-dir DIR]\n");
         return 2;
     }
