@@ -1,112 +1,187 @@
 #!/bin/bash
-# Plays every map with several policies and seeds in the headless runner and
-# writes a Markdown table of how the games went, for balancing the campaign.
+# Plays every map of the campaign in the headless runner with several
+# policies and seeds and writes a Markdown table of how the games went, for
+# balancing the maps (difficulty, par scores, unlock points).
 #
-#   tools/balance_report.sh [BUILD_DIR] [OUTPUT] [SEEDS]
+#   tools/balance_report.sh [BUILD_DIR] [OUTPUT]
 #
-# BUILD_DIR defaults to build (it must hold tools/headless_runner and the
-# built run/content), OUTPUT to docs/balance.md, SEEDS to "1 2 3". Stage games
-# run with the idle, simple and smart policies on every seed; survival and
-# two-player games with the simple and smart policies on the first seed.
-# The games are played in a scratch folder, so build/run's scores stay as
-# they are. Needs xvfb-run.
+#   BUILD_DIR  the build folder; it must hold tools/headless_runner and the
+#              built run/content (cmake --build BUILD_DIR --target
+#              headless_runner content). Default: build.
+#   OUTPUT     the Markdown file to write. Default: docs/balance.md.
+#
+# Environment:
+#   SEEDS     the seeds of each map and policy (default "1 2 3")
+#   POLICIES  the policies (default "idle cannons simple smart"; see
+#             tools/runner_policies.h for what each one does)
+#   JOBS      games played at once (default 2)
+#
+# Only stage games ("1 player game") are played: they are what par and unlock
+# points are about. The maps are read from BUILD_DIR/run/content/maps, so
+# rebuild the content target after editing assets/maps/. Each game runs in a
+# scratch folder of its own, so the build's scores stay as they are. With no
+# DISPLAY set, the games share one X server started by xvfb-run.
 set -eu
+
+# Plays one game in a folder of its own and prints one line:
+# map policy seed rounds endState score (rounds 0 and endState - on failure).
+# The script calls itself as `balance_report.sh --game MAP POLICY SEED` for
+# each game, with runner, scratch and content in the environment.
+playGame() {
+    local map=$1 policy=$2 seed=$3
+    local dir="$scratch/game-$map-$policy-$seed"
+    mkdir -p "$dir/content"
+    for entry in "$content"/*; do
+        [ "$(basename "$entry")" = scores.dat ] || ln -s "$entry" "$dir/content/"
+    done
+    local out
+    out=$("$runner" --run-dir "$dir" --map "$map" --policy "$policy" --seed "$seed" 2>"$dir/err") ||
+        true
+    local rounds end score
+    rounds=$(echo "$out" | sed -n 's/.* after \([0-9]*\) rounds.*/\1/p')
+    end=$(echo "$out" | sed -n 's/.* score [0-9]* endState \([0-9]*\).*/\1/p')
+    score=$(echo "$out" | sed -n 's/.* score \([0-9]*\) endState.*/\1/p')
+    if [ -z "$rounds" ] || [ -z "$end" ]; then
+        echo "balance_report: map $map, $policy, seed $seed gave no result: $(tail -n 1 "$dir/err")" >&2
+        echo "$map $policy $seed 0 - 0"
+    else
+        echo "$map $policy $seed $rounds $end $score"
+    fi
+    rm -rf "$dir"
+}
+if [ "${1:-}" = --game ]; then
+    playGame "$2" "$3" "$4"
+    exit 0
+fi
 
 build=${1:-build}
 output=${2:-docs/balance.md}
-seeds=${3:-"1 2 3"}
-runner=$(cd "$build/tools" && pwd)/headless_runner
-content=$(cd "$build/run/content" && pwd)
+seeds=${SEEDS:-"1 2 3"}
+policies=${POLICIES:-"idle cannons simple smart"}
 jobs=${JOBS:-2}
+
+fail() {
+    echo "balance_report: $*" >&2
+    exit 1
+}
+
+[ -d "$build" ] || fail "no build folder '$build'; configure and build it first:
+  cmake -S . -B $build -DCMAKE_BUILD_TYPE=Release
+  cmake --build $build -j2 --target headless_runner content"
+[ -x "$build/tools/headless_runner" ] ||
+    fail "'$build/tools/headless_runner' is missing; build it: cmake --build $build --target headless_runner"
+content=$(cd "$build/run/content" 2>/dev/null && pwd) ||
+    fail "'$build/run/content' is missing; build it: cmake --build $build --target content"
+for entry in images.sfa shaders.sfa maps/map1.txt maps/map20.txt; do
+    [ -e "$content/$entry" ] ||
+        fail "'$content/$entry' is missing; build it: cmake --build $build --target content"
+done
+if [ -z "${DISPLAY:-}" ] && ! command -v xvfb-run >/dev/null; then
+    fail "no DISPLAY and no xvfb-run: the runner needs an X server for its hidden window"
+fi
+case "$jobs" in '' | *[!0-9]* | 0) fail "JOBS must be a positive number, not '$jobs'" ;; esac
+runner=$(cd "$build/tools" && pwd)/headless_runner
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-mkdir -p "$scratch/content"
-for entry in "$content"/*; do
-    ln -s "$entry" "$scratch/content/"
-done
 
-# One line per game to play: map mode policy seed.
-firstSeed=${seeds%% *}
+# One line per game: map policy seed.
 for map in $(seq 1 20); do
-    for policy in idle simple smart; do
+    for policy in $policies; do
         for seed in $seeds; do
-            echo "$map stage $policy $seed"
-        done
-    done
-    for mode in survival versus; do
-        for policy in simple smart; do
-            echo "$map $mode $policy $firstSeed"
+            echo "$map $policy $seed"
         done
     done
 done > "$scratch/games"
 
-# Each game prints one summary line: map mode policy seed rounds endMessage
-# and the score of each side.
-play() {
-    set -- $1
-    out=$(xvfb-run -a "$runner" --run-dir "$scratch" --map "$1" --mode "$2" \
-          --policy "$3" --seed "$4" 2>/dev/null || true)
-    rounds=$(echo "$out" | sed -n 's/.* after \([0-9]*\) rounds.*/\1/p')
-    message=$(echo "$out" | sed -n 's/.*endMessage \([0-9]*\).*/\1/p')
-    scores=$(echo "$out" | sed -n 's/.* score \([0-9]*\) endState \([0-9]*\).*/\1:\2/p' | tr '\n' ' ')
-    echo "$1 $2 $3 $4 ${rounds:-0} ${message:-0} $scores"
-}
-export runner scratch
-export -f play
-xargs -P "$jobs" -I{} bash -c 'play "$1"' _ {} < "$scratch/games" > "$scratch/results"
-sort -n -k1,1 -s "$scratch/results" > "$scratch/sorted"
+echo "balance_report: $(wc -l < "$scratch/games") games, $jobs at a time" >&2
+export runner scratch content
+self=$(cd "$(dirname "$0")" && pwd)/$(basename "$0")
+playAll='xargs -P "$1" -L 1 "$2" --game < "$3/games" > "$3/results"'
+if [ -n "${DISPLAY:-}" ]; then
+    sh -c "$playAll" _ "$jobs" "$self" "$scratch"
+else
+    xvfb-run -a -s "-screen 0 1024x768x24" sh -c "$playAll" _ "$jobs" "$self" "$scratch"
+fi
+[ -s "$scratch/results" ] || fail "no game gave a result"
+if grep -q ' - ' "$scratch/results"; then
+    fail "$(grep -c ' - ' "$scratch/results") games gave no result (see the lines above)"
+fi
 
-titles=""
-pars=""
+# Titles, par scores and unlock points, one line per map.
 for map in $(seq 1 20); do
-    titles="$titles$(head -n 1 "$content/maps/map$map.txt" | tr -d '\r')|"
-    pars="$pars$(sed -n 27p "$content/maps/map$map.txt" | awk '{print $1}') "
-done
+    file="$content/maps/map$map.txt"
+    printf '%s\t%s\t%s\n' "$(head -n 1 "$file" | tr -d '\r')" \
+        "$(sed -n 27p "$file" | awk '{print $1}')" "$(sed -n 28p "$file" | awk '{print $1}')"
+done > "$scratch/maps"
 
 mkdir -p "$(dirname "$output")"
-awk -v titles="$titles" -v pars="$pars" -v seeds="$seeds" '
-BEGIN {
-    split(titles, title, "|"); split(pars, par, " ")
-    print "# Balance of the maps"
-    print ""
-    print "Made by tools/balance_report.sh: every map played by the headless runner."
-    print "Stage games on seeds " seeds "; survival and two-player games on the first seed."
-    print "Policies: idle (the one cannon of the start, nothing pressed), simple (three"
-    print "cannons, every temporary upgrade used at once), smart (three cannons, three"
-    print "quarters of the upgrades permanent, temporary ones kept for a crowded field)."
-    print "In two-player games the policy plays the left side and the simple policy the"
-    print "right. Rounds are frames at 60 a second; a value per seed, split by slashes."
-    print ""
-    print "| Map | Title | Mode | Policy | Won | Rounds | Score | Score / par |"
-    print "|---:|---|---|---|---|---|---|---|"
-}
+awk -v seeds="$seeds" -v policyList="$policies" -F '\t' '
+FNR == NR { title[FNR] = $1; par[FNR] = $2 > 0 ? $2 : 1; unlock[FNR] = $3; next }
 {
-    key = $1 " " $2 " " $3
-    if (!(key in count)) { order[++keys] = key; mapOf[key] = $1; modeOf[key] = $2; policyOf[key] = $3 }
-    count[key]++
-    split($7, left, ":")
-    rounds[key] = rounds[key] (count[key] > 1 ? "/" : "") $5
-    if ($2 == "stage") {
-        won[key] += left[2] == 1
-        score[key] = score[key] (count[key] > 1 ? "/" : "") left[1]
-        percent[key] = percent[key] (count[key] > 1 ? "/" : "") int(left[1] * 100 / par[$1]) "%"
-    } else if ($2 == "survival") {
-        score[key] = left[1]
-        result[key] = "lost at " sprintf("%.1f", $5 / 3600) " min"
-    } else {
-        split($8, right, ":")
-        score[key] = left[1] " : " right[1]
-        result[key] = ($6 == 5 ? "left" : "right") " side won at " sprintf("%.1f", $5 / 3600) " min"
-    }
+    split($0, f, " ")
+    key = f[1] " " f[2]
+    n[key]++
+    won[key] += f[5] == 1
+    rounds[key, n[key]] = f[4]
+    score[key, n[key]] = f[6]
+    percent[key, n[key]] = int(f[6] * 100 / par[f[1]])
+    detail[key] = detail[key] (n[key] > 1 ? " / " : "") (f[5] == 1 ? "won" : "lost") " " f[4] " " f[6]
+}
+function median(key, table,    i, j, t, v, count) {
+    count = n[key]
+    for (i = 1; i <= count; i++) v[i] = table[key, i]
+    for (i = 2; i <= count; i++)
+        for (j = i; j > 1 && v[j - 1] + 0 > v[j] + 0; j--) { t = v[j]; v[j] = v[j - 1]; v[j - 1] = t }
+    return v[int((count + 1) / 2)]
 }
 END {
-    for (i = 1; i <= keys; i++) {
-        k = order[i]
-        outcome = modeOf[k] == "stage" ? won[k] "/" count[k] : result[k]
-        share = modeOf[k] == "stage" ? percent[k] : "-"
-        printf "| %d | %s | %s | %s | %s | %s | %s | %s |\n", mapOf[k], title[mapOf[k]], \
-               modeOf[k], policyOf[k], outcome, rounds[k], score[k], share
+    policyCount = split(policyList, policy, " ")
+    seedCount = split(seeds, unused, " ")
+    print "# Balance of the maps"
+    print ""
+    print "Written by `tools/balance_report.sh`: every map played as a \"1 player game\" by"
+    print "the headless runner, with each policy on the seeds " seeds "."
+    print ""
+    print "Policies (tools/runner_policies.h):"
+    print ""
+    print "- idle: the one cannon of the start; nothing is pressed."
+    print "- cannons: a new player who presses 3 and nothing else."
+    print "- simple: three cannons, every temporary upgrade used as soon as it comes."
+    print "- smart: one cannon while one copes (fewer cannons make more upgrades), three"
+    print "  when it would not; four fifths of the upgrades permanent; temporary ones kept"
+    print "  for a crowded field."
+    print ""
+    print "Each cell: games won of " seedCount ", the median rounds (frames at 60 a second) and"
+    print "the median score as a share of the par of the map (a map earns at most 100 unlock"
+    print "points, at par). Unlock: the total of points that opens the map."
+    print ""
+    head = "| Map | Title | Par | Unlock |"
+    rule = "|---:|---|---:|---:|"
+    for (p = 1; p <= policyCount; p++) { head = head " " policy[p] " |"; rule = rule "---|" }
+    print head
+    print rule
+    for (m = 1; m <= 20; m++) {
+        line = "| " m " | " title[m] " | " par[m] " | " unlock[m] " |"
+        for (p = 1; p <= policyCount; p++) {
+            key = m " " policy[p]
+            if (!(key in n)) { line = line " - |"; continue }
+            line = line sprintf(" %d/%d, %s, %d%% |", won[key], n[key], median(key, rounds),
+                                median(key, percent))
+        }
+        print line
     }
-}' "$scratch/sorted" > "$output"
-echo "Wrote $output"
+    print ""
+    print "## Every game"
+    print ""
+    print "Per seed, in the order " seeds ": the outcome, the rounds and the score."
+    print ""
+    print "| Map | Policy | Games |"
+    print "|---:|---|---|"
+    for (m = 1; m <= 20; m++)
+        for (p = 1; p <= policyCount; p++) {
+            key = m " " policy[p]
+            if (key in n) print "| " m " | " policy[p] " | " detail[key] " |"
+        }
+}' "$scratch/maps" <(sort -n -k1,1 -k3,3 "$scratch/results") > "$output"
+echo "balance_report: wrote $output" >&2
