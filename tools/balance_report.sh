@@ -125,11 +125,10 @@ FNR == NR { title[FNR] = $1; par[FNR] = $2 > 0 ? $2 : 1; unlock[FNR] = $3; next 
     won[key] += f[5] == 1
     rounds[key, n[key]] = f[4]
     score[key, n[key]] = f[6]
-    percent[key, n[key]] = int(f[6] * 100 / par[f[1]])
+    if (f[5] == 1) percent[key, ++wonCount[key]] = int(f[6] * 100 / par[f[1]])
     detail[key] = detail[key] (n[key] > 1 ? " / " : "") (f[5] == 1 ? "won" : "lost") " " f[4] " " f[6]
 }
-function median(key, table,    i, j, t, v, count) {
-    count = n[key]
+function median(key, table, count,    i, j, t, v) {
     for (i = 1; i <= count; i++) v[i] = table[key, i]
     for (i = 2; i <= count; i++)
         for (j = i; j > 1 && v[j - 1] + 0 > v[j] + 0; j--) { t = v[j]; v[j] = v[j - 1]; v[j - 1] = t }
@@ -152,9 +151,10 @@ END {
     print "  when it would not; four fifths of the upgrades permanent; temporary ones kept"
     print "  for a crowded field."
     print ""
-    print "Each cell: games won of " seedCount ", the median rounds (frames at 60 a second) and"
-    print "the median score as a share of the par of the map (a map earns at most 100 unlock"
-    print "points, at par). Unlock: the total of points that opens the map."
+    print "Each cell: games won of " seedCount ", the median rounds of all games (frames at 60"
+    print "a second) and the median score of the games won as a share of the par of the"
+    print "map: what the map earns in unlock points, at most 100 at par (a lost stage"
+    print "stores no score). Unlock: the total of points that opens the map."
     print ""
     head = "| Map | Title | Par | Unlock |"
     rule = "|---:|---|---:|---:|"
@@ -166,8 +166,9 @@ END {
         for (p = 1; p <= policyCount; p++) {
             key = m " " policy[p]
             if (!(key in n)) { line = line " - |"; continue }
-            line = line sprintf(" %d/%d, %s, %d%% |", won[key], n[key], median(key, rounds),
-                                median(key, percent))
+            share = won[key] ? median(key, percent, won[key]) "%" : "-"
+            line = line sprintf(" %d/%d, %s, %s |", won[key], n[key], median(key, rounds, n[key]),
+                                share)
         }
         print line
     }
