@@ -5,6 +5,9 @@
 //                   [--seed S] [--policy idle|cannons|simple|smart] [--script FILE]
 //                   [--max-rounds R] [--run-dir DIR]
 //
+// The policies are told in runner_policies.h; tools/balance_report.sh plays
+// every map with them and writes docs/balance.md.
+//
 // The rounds follow the Game's order: the left Player, the right one, the
 // exchange of disturbance charges, the end check, and the 500 rounds of the
 // closing phase in which both sides go on. A script holds lines "ROUND KEY
