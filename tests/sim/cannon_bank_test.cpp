@@ -99,31 +99,22 @@ TEST_F(CannonBankTest, ChangeTakesTheRowDownInAHundredFramesAndUpInAHundred)
         bank->update();
     EXPECT_EQ(bank->progress, 100);
     EXPECT_FLOAT_EQ(bank->resourceRate, 1.0f);
-}
 
-TEST_F(CannonBankTest, TwoCannonsStandAtTheThirds)
-{
-    standUp();
+    // Two stand at the thirds.
     bank->setCannons(2);
-    for (int i = 0; i < 101; ++i)
+    for (int i = 0; i < 201; ++i)
         bank->update();
     ASSERT_EQ(bank->cannons.size(), 2u);
     EXPECT_EQ(bank->cannons[0]->x, 96);
     EXPECT_EQ(bank->cannons[1]->x, 288);
 }
 
-TEST_F(CannonBankTest, ChoosingTheStandingNumberDoesNothing)
+TEST_F(CannonBankTest, TheStandingNumberDoesNothingAndChangingBackTurnsTheRowAround)
 {
     standUp();
     bank->setCannons(1);
     bank->update();
     EXPECT_EQ(bank->progress, 100);
-    EXPECT_EQ(bank->cannons.size(), 1u);
-}
-
-TEST_F(CannonBankTest, ChangingBackWhileGoingDownTurnsTheRowAround)
-{
-    standUp();
     bank->setCannons(2);
     for (int i = 0; i < 30; ++i)
         bank->update();
@@ -159,16 +150,6 @@ TEST_F(CannonBankTest, NoShotWhileTheRowIsChanging)
     EXPECT_LT(enemy->hitPoints, 1000);
 }
 
-TEST_F(CannonBankTest, ShareStaysBetweenZeroAndHundred)
-{
-    bank->addShare(60);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
-    bank->addShare(0.7f);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
-    bank->addShare(-200);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 0);
-}
-
 TEST_F(CannonBankTest, TemporaryUpgradesAddAndWearOffIn1500Frames)
 {
     EXPECT_FALSE(bank->useTemporary());
@@ -193,10 +174,15 @@ TEST_F(CannonBankTest, TemporaryUpgradesAddAndWearOffIn1500Frames)
     EXPECT_EQ(bank->tempReload, 0);
 }
 
-TEST_F(CannonBankTest, ResourceRateFeedsThePanel)
+TEST_F(CannonBankTest, ResourceRateFeedsThePanelByTheShare)
 {
+    bank->addShare(-200);
+    EXPECT_FLOAT_EQ(bank->permanentShare, 0);
+    bank->addShare(60.7f);
+    EXPECT_FLOAT_EQ(bank->permanentShare, 60.7f);
     bank->setCannons(0);
-    bank->addShare(50);  // all to permanent upgrades
+    bank->addShare(50);  // held at 100: all to permanent upgrades
+    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
     for (int i = 0; i < 99; ++i)
         bank->update();
     float progressBefore = bank->panel->permanentProgress;
