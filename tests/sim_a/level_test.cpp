@@ -98,7 +98,7 @@ TEST_F(LevelTest, MissingMapSaysSoAndRunsAPlainStage)
     EXPECT_GT(enemyCount(level), 0);
 }
 
-TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOn)
+TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOnAndAZeroPeriodToo)
 {
     MapText text;
     text.set(7, "33");
@@ -111,12 +111,10 @@ TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOn)
     EXPECT_FLOAT_EQ(level->spawnInterval, 33);
     EXPECT_FLOAT_EQ(level->minSpawnInterval, 1);
     EXPECT_GT(level->waveFrames + level->pauseFrames, 0);
-}
 
-TEST_F(LevelTest, WavePeriodOfZeroFallsBackToTheDefaultClock)
-{
+    // A wave period of zero falls back to the default clock.
     testing::internal::CaptureStderr();
-    auto level = build(MapText().set(11, "0").set(12, "0"));
+    level = build(MapText().set(11, "0").set(12, "0"));
     EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
     EXPECT_GT(level->waveFrames + level->pauseFrames, 0);
     frame(*level);
@@ -155,7 +153,7 @@ TEST_F(LevelTest, LastSpawningFrameIsWaveFramesAndThePauseZeroesTheCredit)
     EXPECT_EQ(enemyCount(*level), spawned + 1);
 }
 
-TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmpty)
+TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmptySurvivalNever)
 {
     auto level = build(shortClock().set(13, "1").set(7, "0.5").set(9, "0.5").set(4, "1"));
     EXPECT_EQ(level->totalFrames(), 15u);
@@ -173,11 +171,9 @@ TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmpty)
     EXPECT_EQ(frame(*level), STEP_FINISHED);
     EXPECT_EQ(frame(*level), STEP_FINISHED);
     EXPECT_EQ(level->elapsedFrames(), 67u);
-}
 
-TEST_F(LevelTest, SurvivalRunsPastTheLastWaveAndNeverFinishes)
-{
-    auto level = build(shortClock().set(13, "1"), true);
+    // Survival runs past the last wave and never finishes.
+    level = build(shortClock().set(13, "1"), true);
     for (int i = 0; i < 100; ++i)
         EXPECT_EQ(frame(*level), STEP_NOTHING);
     EXPECT_EQ(level->waveIndex, 6);
@@ -237,12 +233,10 @@ TEST_F(LevelTest, LastEnemyBreakingThroughReportsTheBreachThenTheEnd)
 TEST_F(LevelTest, SpawnIntervalStopsAtItsFloorExactly)
 {
     auto level = build(shortClock().set(7, "10").set(8, "-3").set(9, "5"));
-    frame(*level);
-    EXPECT_FLOAT_EQ(level->spawnInterval, 7);
-    frame(*level);
-    EXPECT_EQ(level->spawnInterval, 5.0f);
-    frame(*level);
-    EXPECT_EQ(level->spawnInterval, 5.0f);
+    for (float expected : {7.0f, 5.0f, 5.0f}) {
+        frame(*level);
+        EXPECT_EQ(level->spawnInterval, expected);
+    }
 }
 
 TEST_F(LevelTest, DirectedClockOnlyEarnsAndTheDirectorReleases)
@@ -296,10 +290,6 @@ TEST_F(LevelTest, DisturbanceEnemyComesAfterThreeAverageSpawnsOfThePeriod)
     EXPECT_LE(y, 50);
     EXPECT_NEAR(level->disturbCredit, 1, 1e-4);
 }
-
-}  // namespace
-
-namespace {
 
 TEST_F(LevelTest, DirectedReleaseStaysTiedToTheClockOverALongGame)
 {
