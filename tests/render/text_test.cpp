@@ -9,7 +9,6 @@
 #include "render/primitives.h"
 #include "render/text.h"
 #include "shell/window.h"
-#include "sim/panel_button.h"
 
 namespace {
 
@@ -146,28 +145,6 @@ TEST_F(TextTest, UnitSpaceTextStretchesWithTheWindowAndTakesTheColour)
     drawText("W", 100, 100, 50, 0);
     glColor4f(1, 1, 1, 1);
     EXPECT_EQ(pixelAt(109, 125), (Rgba{0, 40, 0, 255}));
-}
-
-TEST_F(TextTest, PanelButtonIsAKeyCapWithItsLetterInBlack)
-{
-    // A white key-cap; the letter's cell colour times black is black.
-    const Rgba white{255, 255, 255, 255};
-    panelButtonTexture = makeTinyTexture(white, white, white, white);
-    const PanelButton button(100, 200, "Q", 'Q');
-    drawPanelButton(button);
-    // The cap covers 100..132 x 200..232; the letter, 24 high from y 204, is
-    // 9.24 wide, centred on x 116.
-    EXPECT_EQ(pixelAt(101, 201), white);
-    EXPECT_EQ(pixelAt(131, 231), white);
-    EXPECT_EQ(pixelAt(100, 233), (Rgba{0, 0, 0, 255}));
-    EXPECT_EQ(pixelAt(116, 215), (Rgba{0, 0, 0, 255}));
-    EXPECT_EQ(pixelAt(110, 215), white);
-    EXPECT_EQ(pixelAt(116, 202), white);
-    // Colour is white again afterwards.
-    GLfloat colour[4];
-    glGetFloatv(GL_CURRENT_COLOR, colour);
-    EXPECT_EQ(colour[0] + colour[1] + colour[2] + colour[3], 4.0f);
-    deletePanelButtonTexture();
 }
 
 }  // namespace
