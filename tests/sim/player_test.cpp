@@ -47,7 +47,7 @@ protected:
 };
 
 // The breach rule: a second breach fewer than 120 frames after the first is
-// fatal; a lone one only fills the static, which runs out in 300 frames.
+// fatal; otherwise breaches only fill the static, which drains a unit a frame.
 TEST_F(PlayerTest, SecondBreachWithin119FramesIsFatalAt120ItIsNot)
 {
     for (int gap : {119, 120}) {
@@ -61,6 +61,7 @@ TEST_F(PlayerTest, SecondBreachWithin119FramesIsFatalAt120ItIsNot)
         player->update();
         EXPECT_EQ(player->noise, gap == 119 ? 481 : 480);
         EXPECT_EQ(player->endState, gap == 119 ? 3 : 0);
+        EXPECT_EQ(player->endCode(), gap == 119 ? 3 : 0);
     }
     run(480);
     EXPECT_EQ(player->noise, 0);
