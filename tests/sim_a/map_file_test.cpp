@@ -111,31 +111,6 @@ TEST(MapLines, AtMost127CharactersMayFollowAValue)
     }
 }
 
-TEST(MapReaderTest, ReadsTypedValuesLineByLine)
-{
-    ScratchDir scratch;
-    const std::string path = MapText().set(2, "65").set(11, "-40").set(14, "1").write(1);
-    MapReader reader(path);
-    ASSERT_TRUE(reader.isOpen());
-    reader.skipLines(1);
-    uint16_t speedUp = 0;
-    float hitPoints = 0;
-    reader.readLine(speedUp);
-    reader.readLine(hitPoints);
-    EXPECT_EQ(reader.line(), 4);
-    reader.skipToLine(11);
-    int32_t waveFrames = 0;
-    reader.readLine(waveFrames);
-    reader.skipToLine(14);
-    bool directed = false;
-    reader.readLine(directed);
-    EXPECT_TRUE(reader.good());
-    EXPECT_EQ(speedUp, 65);
-    EXPECT_FLOAT_EQ(hitPoints, 4.0f);
-    EXPECT_EQ(waveFrames, -40);
-    EXPECT_TRUE(directed);
-}
-
 TEST(MapReaderTest, AFailedReadLeavesThatValueAndAllLaterOnesAlone)
 {
     ScratchDir scratch;
