@@ -58,7 +58,7 @@ TEST_F(FrameClockOnVirtualTime, RowsOfTheSkipTableByLag)
 {
     FrameClock clock(60);
     // Each row: lag before the tick and the skip state it starts from and ends in.
-    // -3 and above draws all; down to -6 every other; below, two in three.
+    // -3 and above draws every frame; down to -6 every other; below, every third.
     struct Row {
         double lag;
         int before, after;
