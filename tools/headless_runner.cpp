@@ -2,8 +2,11 @@
 // how each game went: for balancing the maps and for finding crashes.
 //
 //   headless_runner [--map N | --all] [--mode stage|survival|versus|all]
-//                   [--seed S] [--policy idle|simple] [--script FILE]
+//                   [--seed S] [--policy idle|cannons|simple|smart] [--script FILE]
 //                   [--max-rounds R] [--run-dir DIR]
+//
+// The policies are told in runner_policies.h; tools/balance_report.sh plays
+// every map with them and writes docs/balance.md.
 //
 // The rounds follow the Game's order: the left Player, the right one, the
 // exchange of disturbance charges, the end check, and the 500 rounds of the
@@ -32,6 +35,8 @@
 #include "sim/player.h"
 #include "sim/upgrade_panel.h"
 
+#include "runner_policies.h"
+
 namespace {
 
 struct Options {
@@ -39,7 +44,7 @@ struct Options {
     bool allMaps = false;
     std::vector<int> modes = {0};  // 0 stage, 1 survival, 2 versus
     uint32_t seed = 1;
-    bool simplePolicy = true;
+    Policy policy = simplePolicy;
     std::string script;
     uint32_t maxRounds = 300000;
 };
@@ -68,39 +73,6 @@ void watch(Player& player, SideStats& stats)
     stats.lastEndState = player.endState;
     if (player.combo > stats.bestCombo)
         stats.bestCombo = player.combo;
-}
-
-// The simple player: three cannons, every temporary upgrade used as soon as
-// it is there, and on the left of a two-player game a charge now and then.
-// Key presses go through the backend, as a person's would.
-bool wantsTemporary(const Player& player, uint32_t round)
-{
-    return !player.bank->panel->temporary.empty() && round % 2 == 0;
-}
-
-void policyKeys(const Player& player, uint32_t round)
-{
-    testBackend::setKey('3', round < 5 && player.bank->heldCannons != 3);
-    testBackend::setKey('S', wantsTemporary(player, round));
-    if (!player.singlePlayer)
-        testBackend::setKey('W', round % 2400 == 1200 || round % 2400 == 1700);
-}
-
-// The right side of a two-player game has the mouse: one click a round at most.
-void policyMouse(const Player& player, uint32_t round)
-{
-    const PanelButton* button = nullptr;
-    if (round < 5 && player.bank->heldCannons != 3)
-        button = player.cannonButtons[3];
-    else if (wantsTemporary(player, round))
-        button = player.useTemporaryButton;
-    if (!button) {
-        testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, false);
-        return;
-    }
-    testBackend::setMousePos(button->pixelX + button->pixelWidth / 2,
-                             button->pixelY + button->pixelHeight / 2);
-    testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, true);
 }
 
 bool loadScript(const std::string& path)
@@ -190,6 +162,7 @@ bool playOne(const Options& options, int map, int mode)
     Player* left = new Player(mode == 2 ? 1 : 0, survival, path.c_str(), map);
     Player* right = mode == 2 ? new Player(2, true, path.c_str(), map) : nullptr;
     SideStats leftStats, rightStats;
+    PolicyMemory memory;
 
     uint32_t round = 0;
     uint8_t endMessage = 0;
@@ -199,11 +172,9 @@ bool playOne(const Options& options, int map, int mode)
     while (fadeCountdown > 0) {
         round += 1;
         glfwPollEvents();  // the scripted input of this round
-        if (options.simplePolicy) {
-            policyKeys(*left, round);
-            if (right)
-                policyMouse(*right, round);
-        }
+        pressPolicyKeys(options.policy, *left, round, memory);
+        if (right && options.policy != idlePolicy)
+            clickSimplePolicy(*right, round);  // the mouse side plays simple
         size_t leftQueue = left->bank->panel->temporary.size();
         size_t rightQueue = right ? right->bank->panel->temporary.size() : 0;
         left->update();
@@ -242,7 +213,7 @@ bool playOne(const Options& options, int map, int mode)
     }
 
     std::printf("map %d %s seed %u policy %s: %s after %u rounds, endMessage %u\n", map,
-                modeNames[mode], options.seed, options.simplePolicy ? "simple" : "idle",
+                modeNames[mode], options.seed, policyName(options.policy),
                 capped ? "capped" : "ended", capped ? round : endRound, endMessage);
     printSide(right ? "left " : "player", *left, leftStats);
     if (right)
@@ -274,9 +245,9 @@ bool parse(int argc, char** argv, Options& options, std::string& runDir)
         } else if (arg == "--seed" && hasValue) {
             options.seed = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
         } else if (arg == "--policy" && hasValue) {
-            std::string policy = argv[++i];
-            if (policy != "idle" && policy != "simple") return false;
-            options.simplePolicy = policy == "simple";
+            int policy = policyFromName(argv[++i]);
+            if (policy < 0) return false;
+            options.policy = static_cast<Policy>(policy);
         } else if (arg == "--script" && hasValue) {
             options.script = argv[++i];
         } else if (arg == "--max-rounds" && hasValue) {
@@ -299,7 +270,7 @@ int main(int argc, char** argv)
     if (!parse(argc, argv, options, runDir)) {
         std::fprintf(stderr,
                      "usage: headless_runner [--map N | --all] [--mode stage|survival|versus|all]"
-                     " [--seed S] [--policy idle|simple] [--script FILE] [--max-rounds R]"
+                     " [--seed S] [--policy idle|cannons|simple|smart] [--script FILE] [--max-rounds R]"
                      " [--run-dir DIR]\n");
         return 2;
     }

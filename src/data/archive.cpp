@@ -33,6 +33,7 @@ public:
         size_t got = 0;
         if (available > 0 && fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0)
             got = fread(out, 1, available, file);
+        if (got > available) got = available;  // lets the compiler see the bound
         for (size_t i = 0; i < got; ++i) out[i] = static_cast<unsigned char>(~out[i]);
         memset(out + got, 0, count - got);
         position += got;

@@ -43,122 +43,57 @@ const std::string entryA = bytes({0xFF, 0xFF, 0xFF, 0xFE, 0x9E, 0xFF, 0xFF, 0xFF
 
 }  // namespace
 
-TEST(ArchiveLayout, ExampleEntryReadsBack)
+TEST(ArchiveLayout, ExampleEntryReadsBackAndTheWriterProducesItsBytes)
 {
     ScratchDir scratch;
-    writeFileBytes("x.sfa", header + entryA);
-    Lookup a = lookUp("x.sfa", "a");
-    ASSERT_TRUE(a.found);
-    EXPECT_EQ(a.size, 1u);
-    EXPECT_EQ(a.data, "A");
-    EXPECT_EQ(a.errors, "");
-}
-
-TEST(ArchiveLayout, WriterProducesTheSameBytes)
-{
-    std::string packed = packSfa({{"a", "A"}});
-    EXPECT_EQ(packed.substr(4), entryA);
-    EXPECT_EQ(packed.size(), 14u);
-}
-
-TEST(ArchiveLayout, HeaderBytesMeanNothing)
-{
-    ScratchDir scratch;
-    writeFileBytes("x.sfa", bytes({0, 0xFF, 0x12, 0x80}) + entryA);
-    EXPECT_TRUE(lookUp("x.sfa", "a").found);
-}
-
-TEST(ArchiveLayout, LengthsAreBigEndian)
-{
-    ScratchDir scratch;
-    std::string data(0x0102, 'q');
+    EXPECT_EQ(packSfa({{"a", "A"}}).substr(4), entryA);
+    // The header's bytes mean nothing.
+    for (const std::string& start : {header, bytes({0, 0xFF, 0x12, 0x80})}) {
+        writeFileBytes("x.sfa", start + entryA);
+        Lookup a = lookUp("x.sfa", "a");
+        ASSERT_TRUE(a.found);
+        EXPECT_EQ(a.size, 1u);
+        EXPECT_EQ(a.data, "A");
+        EXPECT_EQ(a.errors, "");
+    }
+    // Lengths are complemented and big-endian: 0x102 after header, name length and name.
+    const std::string data(0x0102, 'q');
     writeFileBytes("x.sfa", packSfa({{"long", data}}));
-    std::string file = readFileBytes("x.sfa");
-    // Data length 0x00000102 complemented, after header, name length and name.
-    EXPECT_EQ(file.substr(4 + 4 + 4, 4), bytes({0xFF, 0xFF, 0xFE, 0xFD}));
-    Lookup found = lookUp("x.sfa", "long");
-    EXPECT_EQ(found.size, 0x102u);
-    EXPECT_EQ(found.data, data);
+    EXPECT_EQ(readFileBytes("x.sfa").substr(4 + 4 + 4, 4), bytes({0xFF, 0xFF, 0xFE, 0xFD}));
+    EXPECT_EQ(lookUp("x.sfa", "long").data, data);
 }
 
-TEST(ArchiveScan, FindsEveryEntryIncludingTheLast)
+TEST(ArchiveScan, FindsEveryEntryToTheLastAndTheFirstOfEqualNames)
 {
     ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"one", "1"}, {"two", "22"}, {"three", "333"}}));
-    EXPECT_EQ(lookUp("x.sfa", "one").data, "1");
-    EXPECT_EQ(lookUp("x.sfa", "two").data, "22");
-    Lookup last = lookUp("x.sfa", "three");
-    ASSERT_TRUE(last.found);
-    EXPECT_EQ(last.data, "333");
-    EXPECT_EQ(last.errors, "");
+    writeFileBytes("x.sfa", packSfa({{"one", "1"}, {"", "nameless"}, {"empty", ""}, {"same", "first"},
+                                     {"same", "second"}, {"three", "333"}}));
+    const std::pair<const char*, const char*> rows[] = {
+        {"one", "1"}, {"", "nameless"}, {"empty", ""}, {"same", "first"}, {"three", "333"}};
+    for (const auto& [name, data] : rows) {
+        Lookup found = lookUp("x.sfa", name);
+        EXPECT_TRUE(found.found) << name;
+        EXPECT_EQ(found.data, data);
+        EXPECT_EQ(found.size, std::string(data).size());
+        EXPECT_EQ(found.errors, "");
+    }
 }
 
-TEST(ArchiveScan, EmptyDataGivesABufferOfSizeZero)
-{
-    ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"empty", ""}, {"after", "z"}}));
-    Lookup empty = lookUp("x.sfa", "empty");
-    EXPECT_TRUE(empty.found);
-    EXPECT_EQ(empty.size, 0u);
-    EXPECT_EQ(lookUp("x.sfa", "after").data, "z");
-}
-
-TEST(ArchiveScan, EmptyNameIsPassedOverLikeAnyOther)
-{
-    ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"", "nameless"}, {"b", "bee"}}));
-    EXPECT_EQ(lookUp("x.sfa", "b").data, "bee");
-    // Stored, it is an entry like any other.
-    EXPECT_EQ(lookUp("x.sfa", "").data, "nameless");
-}
-
-TEST(ArchiveScan, EmptyNameNeverMatchesThePhantomAtTheEnd)
-{
-    ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"b", "bee"}}));
-    Lookup nameless = lookUp("x.sfa", "");
-    EXPECT_FALSE(nameless.found);
-    EXPECT_EQ(nameless.errors, "Couldn't find  from x.sfa\n");
-}
-
-TEST(ArchiveScan, NamesCompareWhole)
+TEST(ArchiveScan, NamesCompareWholeAndMissesSayWhatWasNotFound)
 {
     ScratchDir scratch;
     writeFileBytes("x.sfa", packSfa({{"abc", "1"}}));
-    Lookup shorter = lookUp("x.sfa", "ab");
-    EXPECT_FALSE(shorter.found);
-    EXPECT_EQ(shorter.size, 0xdeadbeefu);  // untouched on failure
-    EXPECT_EQ(shorter.errors, "Couldn't find ab from x.sfa\n");
-    Lookup longer = lookUp("x.sfa", "abcd");
-    EXPECT_FALSE(longer.found);
-    EXPECT_EQ(longer.errors, "Couldn't find abcd from x.sfa\n");
-    EXPECT_FALSE(lookUp("x.sfa", "ABC").found);
-}
-
-TEST(ArchiveScan, FirstOfTwoEqualNamesWins)
-{
-    ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"same", "first"}, {"same", "second"}}));
-    EXPECT_EQ(lookUp("x.sfa", "same").data, "first");
-}
-
-TEST(ArchiveFailures, MissingArchive)
-{
-    ScratchDir scratch;
-    Lookup missing = lookUp("content/none.sfa", "a");
-    EXPECT_FALSE(missing.found);
-    EXPECT_EQ(missing.size, 0xdeadbeefu);
-    EXPECT_EQ(missing.errors, "Couldn't open content/none.sfa\n");
-}
-
-TEST(ArchiveFailures, EmptyOrHeaderOnlyArchive)
-{
-    ScratchDir scratch;
+    // An empty name never matches the phantom at the end.
+    for (const char* name : {"ab", "abcd", "ABC", ""}) {
+        Lookup miss = lookUp("x.sfa", name);
+        EXPECT_FALSE(miss.found) << name;
+        EXPECT_EQ(miss.size, 0xdeadbeefu);  // untouched on failure
+        EXPECT_EQ(miss.errors, "Couldn't find " + std::string(name) + " from x.sfa\n");
+    }
+    EXPECT_EQ(lookUp("content/none.sfa", "a").errors, "Couldn't open content/none.sfa\n");
     for (std::string content : {std::string(), std::string("HD"), header}) {
         writeFileBytes("x.sfa", content);
-        Lookup result = lookUp("x.sfa", "a");
-        EXPECT_FALSE(result.found) << content.size() << " bytes";
-        EXPECT_EQ(result.errors, "Couldn't find a from x.sfa\n") << content.size() << " bytes";
+        EXPECT_EQ(lookUp("x.sfa", "a").errors, "Couldn't find a from x.sfa\n") << content.size();
     }
 }
 

@@ -1,7 +1,6 @@
 // The test backend's virtual clock and its script of input by round.
 #include <gtest/gtest.h>
 
-#include "platform/desktop_services.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
 
@@ -21,9 +20,8 @@ protected:
 
 }  // namespace
 
-TEST_F(TestBackendScript, ClockMovesOnlyBySleepFrameCostAndStalls)
+TEST_F(TestBackendScript, ClockMovesOnlyBySleepFrameCostAndStallsAndEveryPumpIsARound)
 {
-    EXPECT_EQ(glfwGetTime(), 0.0);
     glfwSleep(0.25);
     glfwSleep(0);
     glfwSleep(-1);  // a late frame asks for a negative sleep: no time goes back
@@ -37,6 +35,11 @@ TEST_F(TestBackendScript, ClockMovesOnlyBySleepFrameCostAndStalls)
     testBackend::advanceTime(1.5);
     EXPECT_DOUBLE_EQ(testBackend::now(), 1.77);
     EXPECT_DOUBLE_EQ(testBackend::totalSleep(), 0.25);
+    glfwGetKey('A');
+    glfwGetWindowParam(GLFW_OPENED);
+    EXPECT_EQ(testBackend::round(), 2u);
+    EXPECT_EQ(testBackend::window().pollCount, 1u);
+    EXPECT_EQ(testBackend::window().swapCount, 1u);
 
     testBackend::reset();
     EXPECT_EQ(glfwGetTime(), 0.0);
@@ -44,37 +47,19 @@ TEST_F(TestBackendScript, ClockMovesOnlyBySleepFrameCostAndStalls)
     EXPECT_EQ(testBackend::round(), 0u);
 }
 
-TEST_F(TestBackendScript, EveryPumpIsOneRound)
-{
-    glfwPollEvents();
-    glfwPollEvents();
-    glfwSwapBuffers();
-    EXPECT_EQ(testBackend::round(), 3u);
-    EXPECT_EQ(testBackend::window().pollCount, 2u);
-    EXPECT_EQ(testBackend::window().swapCount, 1u);
-    glfwGetKey('A');
-    glfwGetTime();
-    glfwGetWindowParam(GLFW_OPENED);
-    EXPECT_EQ(testBackend::round(), 3u);
-}
-
 TEST_F(TestBackendScript, KeyScriptedForRoundNIsSeenAfterTheNthPump)
 {
     openSmallWindow();
     testBackend::keyAt(3, GLFW_KEY_ESC, true);
     testBackend::keyAt(5, GLFW_KEY_ESC, false);
-    int seenDownFrom = -1, seenUpFrom = -1;
     for (int round = 1; round <= 6; round++) {
         glfwSwapBuffers();
-        bool down = glfwGetKey(GLFW_KEY_ESC) == GLFW_PRESS;
-        if (down && seenDownFrom < 0) seenDownFrom = round;
-        if (!down && seenDownFrom > 0 && seenUpFrom < 0) seenUpFrom = round;
+        EXPECT_EQ(glfwGetKey(GLFW_KEY_ESC), round >= 3 && round < 5 ? GLFW_PRESS : GLFW_RELEASE)
+            << round;
     }
-    EXPECT_EQ(seenDownFrom, 3);
-    EXPECT_EQ(seenUpFrom, 5);
 }
 
-TEST_F(TestBackendScript, EventsOfOneRoundApplyInScriptedOrder)
+TEST_F(TestBackendScript, EventsApplyInScriptedOrderAndLateOnesWithTheNextPump)
 {
     openSmallWindow();
     testBackend::keyAt(2, 'P', true);
@@ -91,13 +76,7 @@ TEST_F(TestBackendScript, EventsOfOneRoundApplyInScriptedOrder)
     EXPECT_EQ(x, 30);
     EXPECT_EQ(y, 40);
     EXPECT_EQ(glfwGetKey('P'), GLFW_RELEASE);
-}
 
-TEST_F(TestBackendScript, EventForAPastRoundComesWithTheNextPump)
-{
-    openSmallWindow();
-    glfwPollEvents();
-    glfwPollEvents();
     testBackend::mouseButtonAt(1, GLFW_MOUSE_BUTTON_RIGHT, true);
     EXPECT_EQ(glfwGetMouseButton(GLFW_MOUSE_BUTTON_RIGHT), GLFW_RELEASE);
     glfwPollEvents();
@@ -106,8 +85,15 @@ TEST_F(TestBackendScript, EventForAPastRoundComesWithTheNextPump)
     EXPECT_EQ(glfwGetMouseButton(GLFW_MOUSE_BUTTON_LAST + 1), GLFW_RELEASE);
 }
 
-TEST_F(TestBackendScript, LettersAreUpperCaseKeys)
+TEST_F(TestBackendScript, LettersAreUpperCaseKeysAndNothingIsDownWithoutAWindow)
 {
+    ASSERT_EQ(glfwInit(), 1);
+    testBackend::setKey(GLFW_KEY_ENTER, true);
+    testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, true);
+    EXPECT_EQ(glfwGetKey(GLFW_KEY_ENTER), GLFW_RELEASE);
+    EXPECT_EQ(glfwGetMouseButton(GLFW_MOUSE_BUTTON_LEFT), GLFW_RELEASE);
+    EXPECT_EQ(glfwGetWindowParam(GLFW_ACTIVE), 0);
+
     openSmallWindow();
     testBackend::setKey('w', true);
     EXPECT_EQ(glfwGetKey('W'), GLFW_PRESS);
@@ -125,13 +111,11 @@ TEST_F(TestBackendScript, FocusAndCloseFollowTheScript)
     testBackend::focusAt(2, false);
     testBackend::focusAt(4, true);
     testBackend::closeAt(6);
-    int activeSum = 0;
     for (int round = 1; round <= 5; round++) {
         glfwSwapBuffers();
-        activeSum += glfwGetWindowParam(GLFW_ACTIVE) << round;
+        EXPECT_EQ(glfwGetWindowParam(GLFW_ACTIVE), round == 1 || round >= 4 ? 1 : 0) << round;
         EXPECT_EQ(glfwGetWindowParam(GLFW_OPENED), 1) << round;
     }
-    EXPECT_EQ(activeSum, (1 << 1) | (1 << 4) | (1 << 5));
     glfwSwapBuffers();
     EXPECT_EQ(glfwGetWindowParam(GLFW_OPENED), 0);
     // The window and its context remain until the game closes it.
@@ -141,66 +125,15 @@ TEST_F(TestBackendScript, FocusAndCloseFollowTheScript)
     EXPECT_EQ(testBackend::window().closeCount, 1u);
 }
 
-TEST_F(TestBackendScript, InputReadsAsReleasedWithoutAWindow)
-{
-    ASSERT_EQ(glfwInit(), 1);
-    testBackend::setKey(GLFW_KEY_ENTER, true);
-    testBackend::setMouseButton(GLFW_MOUSE_BUTTON_LEFT, true);
-    EXPECT_EQ(glfwGetKey(GLFW_KEY_ENTER), GLFW_RELEASE);
-    EXPECT_EQ(glfwGetMouseButton(GLFW_MOUSE_BUTTON_LEFT), GLFW_RELEASE);
-    EXPECT_EQ(glfwGetWindowParam(GLFW_OPENED), 0);
-    EXPECT_EQ(glfwGetWindowParam(GLFW_ACTIVE), 0);
-}
-
+// The pretend desktop the display tests start from; a list longer than asked
+// for is cut, as 2.7 did.
 TEST_F(TestBackendScript, PretendDesktopModes)
 {
     GLFWvidmode modes[255];
     ASSERT_EQ(glfwGetVideoModes(modes, 255), 5);
     EXPECT_EQ(modes[0].Width, 640);
     EXPECT_EQ(modes[4].Width, 1920);
-    EXPECT_EQ(modes[4].Height, 1080);
     EXPECT_EQ(modes[4].RedBits + modes[4].GreenBits + modes[4].BlueBits, 24);
     EXPECT_EQ(glfwGetVideoModes(modes, 2), 2);
-    EXPECT_EQ(modes[1].Width, 800);
     EXPECT_EQ(glfwGetVideoModes(modes, 0), 0);
-    GLFWvidmode desktop;
-    glfwGetDesktopMode(&desktop);
-    EXPECT_EQ(desktop.Width, 1920);
-    EXPECT_EQ(desktop.Height, 1080);
-
-    GLFWvidmode small = {800, 500, 8, 8, 8};
-    testBackend::setVideoModes({small});
-    testBackend::setDesktopMode(small);
-    ASSERT_EQ(glfwGetVideoModes(modes, 255), 1);
-    EXPECT_EQ(modes[0].Height, 500);
-    glfwGetDesktopMode(&desktop);
-    EXPECT_EQ(desktop.Width, 800);
-}
-
-TEST_F(TestBackendScript, ArmedFailures)
-{
-    testBackend::failInit(true);
-    EXPECT_EQ(glfwInit(), 0);
-    testBackend::failInit(false);
-    ASSERT_EQ(glfwInit(), 1);
-    testBackend::failOpenWindow(true);
-    EXPECT_EQ(glfwOpenWindow(64, 32, 8, 8, 8, 8, 0, 8, GLFW_WINDOW), 0);
-    EXPECT_FALSE(testBackend::window().open);
-    EXPECT_EQ(testBackend::window().openCount, 0u);
-    EXPECT_EQ(glfwGetWindowParam(GLFW_OPENED), 0);
-    testBackend::failOpenWindow(false);
-    EXPECT_EQ(glfwOpenWindow(64, 32, 8, 8, 8, 8, 0, 8, GLFW_WINDOW), 1);
-}
-
-TEST_F(TestBackendScript, DesktopServicesAreRecordedNotStarted)
-{
-    EXPECT_TRUE(showErrorNotice("Error!", "Couldn't create window!"));
-    EXPECT_TRUE(openWebAddress("https://example.org/"));
-    testBackend::setServicesAvailable(false);
-    EXPECT_FALSE(showErrorNotice("Error!", "second"));
-    ASSERT_EQ(testBackend::notices().size(), 2u);
-    EXPECT_EQ(testBackend::notices()[0].title, "Error!");
-    EXPECT_EQ(testBackend::notices()[0].text, "Couldn't create window!");
-    ASSERT_EQ(testBackend::webAddresses().size(), 1u);
-    EXPECT_EQ(testBackend::webAddresses()[0], "https://example.org/");
 }

@@ -1,9 +1,12 @@
 // The boot console on virtual time: typing speed, dots, scrolling, where the
-// lines stand in the window, the made-up lines and the dump to the log.
+// lines stand in the window, the dump to the log; and its made-up lines: what
+// each kind may look like, which kinds may follow which, the spoiled quote.
 #include <GL/glew.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,18 +27,46 @@ const char* const quoteTexts[] = {
     "Dosh, grab it while you can, lads", "Getting 20% cooler",
 };
 
-// A quote, maybe with a few characters spoiled: same length as one of the
-// texts and at most `spoiled` characters differ.
+// How many characters a line differs from the quote of its length (-1: none).
+int spoiledCharacters(const std::string& line)
+{
+    int fewest = -1;
+    for (const std::string text : quoteTexts) {
+        if (text.size() != line.size())
+            continue;
+        int differing = 0;
+        for (size_t i = 0; i < text.size(); i++)
+            differing += text[i] != line[i];
+        fewest = fewest < 0 ? differing : std::min(fewest, differing);
+    }
+    return fewest;
+}
+
 bool looksLikeQuote(const std::string& line, int spoiled)
 {
-    for (const char* quote : quoteTexts) {
-        const std::string text = quote;
-        if (text.size() != line.size()) continue;
-        int differing = 0;
-        for (size_t i = 0; i < text.size(); i++) differing += text[i] != line[i];
-        if (differing <= spoiled) return true;
-    }
-    return false;
+    const int differing = spoiledCharacters(line);
+    return differing >= 0 && differing <= spoiled;
+}
+
+// A plain line: printable ASCII of a readable length (the kinds themselves
+// are the generator's tables, not repeated here).
+bool isPlain(const std::string& line)
+{
+    return line.size() >= 5 && line.size() <= 60
+        && std::all_of(line.begin(), line.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+bool isTenDots(const std::string& line) { return line == ".........."; }
+
+// Short dots or an error: the filler that may not follow itself.
+bool isLateFiller(const std::string& line)
+{
+    static const std::regex someDots("\\.{1,9}");
+    static const std::regex errors(
+        "A fatal error occurred!!! Ignoring\\.|Couldn't complete command!|"
+        "Continue\\? \\(y/n\\) Ignoring user input|"
+        "Cannot read user input, continue anyway| error {9}\\.");
+    return std::regex_match(line, someDots) || std::regex_match(line, errors);
 }
 
 // The eleven lines the start-up has put on the console before the show.
@@ -44,9 +75,8 @@ void addStartUpLines(BootConsole& console)
     for (const char* line :
          {"Program started", "GLFW initialized", "FMOD initialized", "Window opened",
           "GLEW initialized", "Loading shaders", "...", "Loading images",
-          "Generating textures", ".....", "Initializing framebuffers"}) {
+          "Generating textures", ".....", "Initializing framebuffers"})
         console.lines.push_back(line);
-    }
 }
 
 class BootConsoleTest : public ::testing::Test {
@@ -152,9 +182,8 @@ TEST_F(BootConsoleTest, OldLinesScrollAwayAboveTheTopRow)
     testing::internal::CaptureStdout();
     {
         BootConsole console;
-        for (int i = 0; i < 20; i++) {
+        for (int i = 0; i < 20; i++)
             console.addLine(("Line " + std::to_string(i)).c_str());
-        }
         // Fifteen complete lines are shown: 5 to 19.
         EXPECT_EQ(consoleRow(0, 7), "Line 5?");
         EXPECT_EQ(consoleRow(14, 8), "Line 19?");
@@ -196,37 +225,7 @@ TEST_F(BootConsoleTest, DumpGoesToTheLogBehindItsHeading)
               "Program started\nMake us wh\xE9le again\n\n");
 }
 
-TEST_F(BootConsoleTest, QuoteStandsAtItsLine)
-{
-    testing::internal::CaptureStdout();
-    seedRandom(20);
-    for (int run = 0; run < 20; run++) {
-        BootConsole console;
-        console.quoteLine = 20;
-        addStartUpLines(console);
-        while (console.lines.size() < 30) console.generateLine();
-        EXPECT_TRUE(looksLikeQuote(console.lines[20], 4)) << console.lines[20];
-    }
-    testing::internal::GetCapturedStdout();
-}
-
-TEST_F(BootConsoleTest, QuoteLineOfTenIsNeverMet)
-{
-    testing::internal::CaptureStdout();
-    seedRandom(10);
-    for (int run = 0; run < 3; run++) {  // the whole show, with its typing, is slow to draw
-        BootConsole console;
-        console.quoteLine = 10;
-        addStartUpLines(console);
-        console.runBootScript();
-        for (const std::string& line : console.lines) {
-            EXPECT_FALSE(looksLikeQuote(line, 4)) << line;
-        }
-    }
-    testing::internal::GetCapturedStdout();
-}
-
-TEST_F(BootConsoleTest, QuoteLineIsDrawnBetweenTenAnd29)
+TEST_F(BootConsoleTest, QuoteLineIsDrawnBetweenTenAnd29AndTheQuoteStandsThere)
 {
     testing::internal::CaptureStdout();
     std::vector<int> seen(256, 0);
@@ -235,11 +234,91 @@ TEST_F(BootConsoleTest, QuoteLineIsDrawnBetweenTenAnd29)
         BootConsole console;
         seen[console.quoteLine]++;
     }
-    for (int i = 0; i < 256; i++) {
-        if (i < 10 || i > 29) EXPECT_EQ(seen[i], 0) << i;
-        else EXPECT_GT(seen[i], 0) << i;
+    for (int i = 0; i < 256; i++)
+        EXPECT_EQ(seen[i] > 0, i >= 10 && i <= 29) << i;
+
+    for (int run = 0; run < 20; run++) {
+        BootConsole console;
+        console.quoteLine = 20;
+        addStartUpLines(console);
+        while (console.lines.size() < 30)
+            console.generateLine();
+        EXPECT_TRUE(looksLikeQuote(console.lines[20], 4)) << console.lines[20];
+    }
+    // Line 10 is never met: the start-up has put eleven lines there already.
+    for (int run = 0; run < 3; run++) {  // the whole show is slow to draw
+        BootConsole console;
+        console.quoteLine = 10;
+        addStartUpLines(console);
+        console.runBootScript();
+        for (const std::string& line : console.lines)
+            EXPECT_FALSE(looksLikeQuote(line, 4)) << line;
     }
     testing::internal::GetCapturedStdout();
+}
+
+TEST(BootLines, EveryLineIsOfOneKindAndFillerNeverFollowsFiller)
+{
+    int plain = 0, tens = 0, late = 0, lateAfterTen = 0;
+    bool zero = false, fiveDigits = false, oneLetterNoDirectory = false;
+    const std::regex zeroValue(".* = 0"), fiveDigitValue(".* = [1-9][0-9]{4}");
+    const std::regex oneLetter("Loading data from (data|temp|content)\\.[a-z]");
+    seedRandom(40);
+    for (int run = 0; run < 400; run++) {
+        bool fillerAllowed = run % 4 != 0;
+        std::string previous = "..........";
+        for (int i = 0; i < 40; i++) {
+            const bool allowed = fillerAllowed;
+            const std::string line = makeBootLine(fillerAllowed);
+            EXPECT_EQ(fillerAllowed, !isLateFiller(line)) << line;
+            if (isLateFiller(line)) {
+                EXPECT_TRUE(allowed) << "'" << previous << "' then '" << line << "'";
+                late++;
+                lateAfterTen += isTenDots(previous);
+            } else if (isTenDots(line)) {
+                EXPECT_TRUE(allowed) << "'" << previous << "' then '" << line << "'";
+                tens++;
+            } else if (isPlain(line)) {
+                plain++;
+            } else {
+                ADD_FAILURE() << "not a made-up line: '" << line << "'";
+            }
+            zero |= std::regex_match(line, zeroValue);
+            fiveDigits |= std::regex_match(line, fiveDigitValue);
+            oneLetterNoDirectory |= std::regex_match(line, oneLetter);
+            previous = line;
+        }
+    }
+    // All kinds come up, short values and one-letter extensions too.
+    EXPECT_GT(plain, 5000);
+    EXPECT_GT(tens, 50);
+    EXPECT_GT(late, 50);
+    EXPECT_GT(lateAfterTen, 0);
+    EXPECT_TRUE(zero && fiveDigits && oneLetterNoDirectory);
+}
+
+TEST(BootLines, MostQuotesStayWholeAndSpoiledOnesKeepTheirLength)
+{
+    int whole = 0, highBytes = 0;
+    std::set<std::string> wholeSeen;
+    seedRandom(1200);
+    for (int run = 0; run < 1200; run++) {
+        const std::string quote = makeBootQuote();
+        const int differing = spoiledCharacters(quote);
+        ASSERT_GE(differing, 0) << quote;
+        if (differing == 0) {
+            whole++;
+            wholeSeen.insert(quote);
+        }
+        for (char c : quote) {
+            EXPECT_GE(static_cast<unsigned char>(c), 32);
+            highBytes += static_cast<unsigned char>(c) > 127;
+        }
+    }
+    // One pass in six spoils a character: about 5 of 6 stay whole.
+    EXPECT_NEAR(whole / 1200.0, 5.0 / 6.0, 0.04);
+    EXPECT_GT(highBytes, 0);
+    EXPECT_EQ(wholeSeen.size(), 12u);
 }
 
 }  // namespace

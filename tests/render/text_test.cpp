@@ -9,7 +9,6 @@
 #include "render/primitives.h"
 #include "render/text.h"
 #include "shell/window.h"
-#include "sim/panel_button.h"
 
 namespace {
 
@@ -26,83 +25,56 @@ protected:
         deleteFont();
         closeTestWindow();
     }
-    // Columns of a row that show any cell: first and one past the last.
-    static std::pair<int, int> textSpan(int yFromTop)
+    // First and one-past-last pixel showing any cell along a row (or down a column).
+    static std::pair<int, int> textSpan(int yFromTop) { return span(-1, yFromTop, windowWidth); }
+    static std::pair<int, int> textSpanDown(int x) { return span(x, -1, windowHeight); }
+    static std::pair<int, int> span(int x, int y, int length)
     {
         int first = -1, last = -1;
-        for (int x = 0; x < windowWidth; x++) {
-            if (codeAt(x, yFromTop) >= 0) {
-                if (first < 0) first = x;
-                last = x + 1;
-            }
-        }
-        return {first, last};
-    }
-    static std::pair<int, int> textSpanDown(int x)
-    {
-        int first = -1, last = -1;
-        for (int y = 0; y < windowHeight; y++) {
-            if (codeAt(x, y) >= 0) {
-                if (first < 0) first = y;
-                last = y + 1;
+        for (int i = 0; i < length; i++) {
+            if (codeAt(x < 0 ? i : x, y < 0 ? i : y) >= 0) {
+                first = first < 0 ? i : first;
+                last = i + 1;
             }
         }
         return {first, last};
     }
 };
 
-TEST_F(TextTest, ScoreAtSize25IsAbout48UnitsWide)
+TEST_F(TextTest, ScoreAtSize25IsAbout48UnitsWideAndAlignsAtX)
 {
-    drawText("Score", 100, 100, 25, 0);
     // 5 * 25 * 0.3848684211 = 48.108552: pixel centres up to 147.5 are covered.
+    drawText("Score", 100, 100, 25, 0);
     EXPECT_EQ(textSpan(110), std::make_pair(100, 148));
     EXPECT_EQ(textSpanDown(120), std::make_pair(100, 125));
     EXPECT_EQ(readText(100, 100, 25, 5), "Score");
-}
-
-TEST_F(TextTest, AlignmentsCentreOrEndAtX)
-{
-    drawText("Score", 500, 100, 25, 1);
-    EXPECT_EQ(textSpan(110), std::make_pair(476, 524));  // 475.95 to 524.05
-    glClear(GL_COLOR_BUFFER_BIT);
-    drawText("Score", 500, 100, 25, 2);
-    EXPECT_EQ(textSpan(110), std::make_pair(452, 500));  // 451.89 to 500
-    glClear(GL_COLOR_BUFFER_BIT);
-    drawText("Score", 500, 100, 25, 200);
-    EXPECT_EQ(textSpan(110), std::make_pair(452, 500));
+    // Alignment 1 centres on x; 2 and anything above end at x.
+    const std::pair<int, std::pair<int, int>> aligned[] = {
+        {1, {476, 524}}, {2, {452, 500}}, {200, {452, 500}}};
+    for (const auto& [alignment, span] : aligned) {
+        glClear(GL_COLOR_BUFFER_BIT);
+        drawText("Score", 500, 100, 25, alignment);
+        EXPECT_EQ(textSpan(110), span) << alignment;
+    }
     EXPECT_EQ(readText(500 - 5 * 25 * textAdvancePerSize, 100, 25, 5), "Score");
+
+    glClear(GL_COLOR_BUFFER_BIT);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    drawText("", 100, 100, 25, 1);  // binds the font, draws nothing
+    GLint bound = 0;
+    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
+    EXPECT_EQ(static_cast<uint32_t>(bound), fontTexture);
+    EXPECT_EQ(textSpan(110), std::make_pair(-1, -1));
 }
 
 TEST_F(TextTest, EveryPrintableCharacterShowsItsOwnCell)
 {
     std::string all;
-    for (int code = 32; code < 127; code++) {
+    for (int code = 32; code < 127; code++)
         all += static_cast<char>(code);
-    }
     // 95 characters at size 20 take 731 units.
     drawText(all.c_str(), 10, 300, 20, 0);
     EXPECT_EQ(readText(10, 300, 20, 95), all);
-}
-
-TEST_F(TextTest, CodesAboveAsciiWrapAroundTheImage)
-{
-    // Code 255 is -1 as a signed character: column -1 of row 0, which the
-    // repeating texture turns into the image's last 39 texels of the top row.
-    const char text[] = {static_cast<char>(0xFF), 0};
-    drawText(text, 100, 100, 100, 0);
-    const float width = 100 * textAdvancePerSize;
-    EXPECT_EQ(codeAt(static_cast<int>(100 + width * 0.2f), 150), 51);
-    EXPECT_EQ(codeAt(static_cast<int>(100 + width * 0.8f), 150), 52);
-}
-
-TEST_F(TextTest, EmptyStringBindsTheFontAndDrawsNothing)
-{
-    glBindTexture(GL_TEXTURE_2D, 0);
-    drawText("", 100, 100, 25, 1);
-    GLint bound = 0;
-    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
-    EXPECT_EQ(static_cast<uint32_t>(bound), fontTexture);
-    EXPECT_EQ(textSpan(110), std::make_pair(-1, -1));
 }
 
 TEST_F(TextTest, VerticalTextReadsUpwardFromY)
@@ -123,19 +95,22 @@ TEST_F(TextTest, VerticalTextReadsUpwardFromY)
     EXPECT_EQ(textSpanDown(225), std::make_pair(300, 338));  // 300 to 338.49
 }
 
-TEST_F(TextTest, VerticalGlyphsAreTurnedAnticlockwise)
+TEST_F(TextTest, CodesAboveAsciiWrapAroundTheImageInBothDirections)
 {
-    // The glyph's top (v top of the cell) faces x, its foot x + size: in the
-    // coded font the cell is flat, so check through a cell boundary instead:
-    // the left edge of the cell (u left) lies toward y, the bottom of the quad.
+    // Code 255 is -1 as a signed character: column -1 of row 0, which the
+    // repeating texture turns into the image's last 39 texels of the top row.
+    // Turned anticlockwise, the cell's left edge lies toward y.
     const char text[] = {static_cast<char>(0xFF), 0};
-    drawTextVertical(text, 200, 300, 100, 0);
-    const float advance = 100 * textAdvancePerSize;
-    EXPECT_EQ(codeAt(250, static_cast<int>(300 - advance * 0.2f)), 51);
-    EXPECT_EQ(codeAt(250, static_cast<int>(300 - advance * 0.8f)), 52);
+    drawText(text, 100, 100, 100, 0);
+    drawTextVertical(text, 400, 300, 100, 0);
+    const float width = 100 * textAdvancePerSize;
+    EXPECT_EQ(codeAt(static_cast<int>(100 + width * 0.2f), 150), 51);
+    EXPECT_EQ(codeAt(static_cast<int>(100 + width * 0.8f), 150), 52);
+    EXPECT_EQ(codeAt(450, static_cast<int>(300 - width * 0.2f)), 51);
+    EXPECT_EQ(codeAt(450, static_cast<int>(300 - width * 0.8f)), 52);
 }
 
-TEST_F(TextTest, IntegersPrintSignedWithoutGrouping)
+TEST_F(TextTest, NumbersPrintSignedWithoutGroupingAndWithTheAskedDecimals)
 {
     drawInt(-2147483647 - 1, 990, 10, 20, 2);
     EXPECT_EQ(readText(990 - 11 * 20 * textAdvancePerSize, 10, 20, 11), "-2147483648");
@@ -144,63 +119,32 @@ TEST_F(TextTest, IntegersPrintSignedWithoutGrouping)
     // A count held unsigned prints the same while it fits.
     drawInt(static_cast<int32_t>(2147483647u), 10, 200, 20, 0);
     EXPECT_EQ(readText(10, 200, 20, 10), "2147483647");
-}
 
-TEST_F(TextTest, FloatsHaveTheAskedNumberOfDecimals)
-{
-    drawFloat(59.94f, 1, 10, 10, 20, 0);
-    EXPECT_EQ(readText(10, 10, 20, 5), "59.9?");
-    drawFloat(-0.5f, 2, 10, 100, 20, 0);
-    EXPECT_EQ(readText(10, 100, 20, 6), "-0.50?");
-    drawFloat(3.0f, 0, 10, 200, 20, 0);
-    EXPECT_EQ(readText(10, 200, 20, 2), "3?");
+    drawFloat(59.94f, 1, 10, 300, 20, 0);
+    EXPECT_EQ(readText(10, 300, 20, 5), "59.9?");
+    drawFloat(-0.5f, 2, 10, 400, 20, 0);
+    EXPECT_EQ(readText(10, 400, 20, 6), "-0.50?");
+    drawFloat(3.0f, 0, 10, 500, 20, 0);
+    EXPECT_EQ(readText(10, 500, 20, 2), "3?");
     // A right-aligned rate ends at x.
-    drawFloat(90.9091f, 1, 500, 300, 20, 2);
-    EXPECT_EQ(readText(500 - 4 * 20 * textAdvancePerSize, 300, 20, 4), "90.9");
+    drawFloat(90.9091f, 1, 900, 300, 20, 2);
+    EXPECT_EQ(readText(900 - 4 * 20 * textAdvancePerSize, 300, 20, 4), "90.9");
 }
 
-TEST_F(TextTest, UnitSpaceTextStretchesWithTheWindow)
+TEST_F(TextTest, UnitSpaceTextStretchesWithTheWindowAndTakesTheColour)
 {
     setOrtho(1, 1);
     drawText("Score", 0.5f, 0.3f, 0.05f, 1);
     // Height 0.05 of 600 pixels = 30; width 5 * 0.05 * 0.3849 of 1000 = 96.2.
     EXPECT_EQ(textSpanDown(500), std::make_pair(180, 210));
     EXPECT_EQ(textSpan(195), std::make_pair(452, 548));  // 451.9 to 548.1
-}
 
-TEST_F(TextTest, TextTakesTheCurrentColour)
-{
     // 'W' is code 87: column 35, row 1, coded (140, 40, 200); tinted green.
+    setOrtho(1000, 600);
     glColor4f(0, 1, 0, 1);
     drawText("W", 100, 100, 50, 0);
     glColor4f(1, 1, 1, 1);
     EXPECT_EQ(pixelAt(109, 125), (Rgba{0, 40, 0, 255}));
-}
-
-}  // namespace
-
-namespace {
-
-TEST_F(TextTest, PanelButtonIsAKeyCapWithItsLetterInBlack)
-{
-    // A white key-cap; the letter's cell colour times black is black.
-    const Rgba white{255, 255, 255, 255};
-    panelButtonTexture = makeTinyTexture(white, white, white, white);
-    const PanelButton button(100, 200, "Q", 'Q');
-    drawPanelButton(button);
-    // The cap covers 100..132 x 200..232; the letter, 24 high from y 204, is
-    // 9.24 wide, centred on x 116.
-    EXPECT_EQ(pixelAt(101, 201), white);
-    EXPECT_EQ(pixelAt(131, 231), white);
-    EXPECT_EQ(pixelAt(100, 233), (Rgba{0, 0, 0, 255}));
-    EXPECT_EQ(pixelAt(116, 215), (Rgba{0, 0, 0, 255}));
-    EXPECT_EQ(pixelAt(110, 215), white);
-    EXPECT_EQ(pixelAt(116, 202), white);
-    // Colour is white again afterwards.
-    GLfloat colour[4];
-    glGetFloatv(GL_CURRENT_COLOR, colour);
-    EXPECT_EQ(colour[0] + colour[1] + colour[2] + colour[3], 4.0f);
-    deletePanelButtonTexture();
 }
 
 }  // namespace

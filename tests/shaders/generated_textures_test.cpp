@@ -20,14 +20,10 @@ uint8_t* pixel(std::vector<uint8_t>& buffer, int row, int column) {
 }
 
 TEST(SurfaceSlope, FlattensSmallDifferencesAndStressesBigOnes) {
-    EXPECT_EQ(surfaceSlope(0), 127);
-    EXPECT_EQ(surfaceSlope(1), 127);
-    EXPECT_EQ(surfaceSlope(-1), 127);
-    EXPECT_EQ(surfaceSlope(2), 128);
-    EXPECT_EQ(surfaceSlope(10), 134);
-    EXPECT_EQ(surfaceSlope(40), 167);
-    EXPECT_EQ(surfaceSlope(-10), 120);
-    EXPECT_EQ(surfaceSlope(-40), 87);
+    const std::pair<int, int> rows[] = {{0, 127}, {1, 127},   {-1, 127}, {2, 128},
+                                        {10, 134}, {40, 167}, {-10, 120}, {-40, 87}};
+    for (auto [difference, slope] : rows)
+        EXPECT_EQ(surfaceSlope(difference), slope) << difference;
     // Past the byte's range the value wraps as a byte does.
     EXPECT_EQ(surfaceSlope(127), uint8_t(127 + int(40 * std::pow(127 / 40.0f, 1.2f))));
 }
@@ -58,22 +54,13 @@ std::vector<uint8_t> slopesOf(const std::vector<uint8_t>& ground) {
     return slopes;
 }
 
-TEST(SurfaceSlopes, FlatGroundIsTheFlatValueEverywhere) {
-    std::vector<uint8_t> ground(bytes, 90);
-    std::vector<uint8_t> slopes = slopesOf(ground);
-    for (int i = 0; i < bytes; i += 3) {
-        ASSERT_EQ(slopes[i], 127);
-        ASSERT_EQ(slopes[i + 1], 127);
-        ASSERT_EQ(slopes[i + 2], 200);
-    }
-}
-
 TEST(SurfaceSlopes, CentralDifferencesInsideAndOneSidedOnTheRim) {
     // Red rises by 3 a column: the height (red + green / 2, in 8 bits) too,
     // so every central difference is -6 and every one-sided one -3, wrap or not.
     std::vector<uint8_t> ground(bytes, 0);
     for (int row = 0; row < surfaceSize; row++) {
-        for (int column = 0; column < surfaceSize; column++) pixel(ground, row, column)[0] = uint8_t(column * 3);
+        for (int column = 0; column < surfaceSize; column++)
+            pixel(ground, row, column)[0] = uint8_t(column * 3);
     }
     std::vector<uint8_t> slopes = slopesOf(ground);
     for (int row : {0, 1, 250, 511}) {
@@ -88,7 +75,8 @@ TEST(SurfaceSlopes, CentralDifferencesInsideAndOneSidedOnTheRim) {
     // Green rises by 4 a row: half of it goes into the height.
     std::vector<uint8_t> rows(bytes, 0);
     for (int row = 0; row < surfaceSize; row++) {
-        for (int column = 0; column < surfaceSize; column++) pixel(rows, row, column)[1] = uint8_t(row * 4);
+        for (int column = 0; column < surfaceSize; column++)
+            pixel(rows, row, column)[1] = uint8_t(row * 4);
     }
     slopes = slopesOf(rows);
     EXPECT_EQ(pixel(slopes, 0, 7)[1], surfaceSlope(-2));
@@ -98,7 +86,13 @@ TEST(SurfaceSlopes, CentralDifferencesInsideAndOneSidedOnTheRim) {
     EXPECT_EQ(pixel(slopes, 200, 0)[0], 127);
 }
 
-TEST(SurfaceSlopes, ASingleBumpTiltsItsNeighbours) {
+TEST(SurfaceSlopes, FlatGroundIsLevelAndASingleBumpTiltsItsNeighbours) {
+    const std::vector<uint8_t> flat = slopesOf(std::vector<uint8_t>(bytes, 90));
+    for (int i = 0; i < bytes; i += 3) {
+        ASSERT_EQ(flat[i], 127);
+        ASSERT_EQ(flat[i + 1], 127);
+        ASSERT_EQ(flat[i + 2], 200);
+    }
     std::vector<uint8_t> ground(bytes, 100);
     pixel(ground, 100, 100)[0] = 140;  // 40 higher
     std::vector<uint8_t> slopes = slopesOf(ground);
@@ -119,7 +113,8 @@ StoneDraws replayStone(uint32_t seed) {
     float r = randomFloat(2, 50);
     StoneDraws stone{};
     stone.side = uint8_t(std::ceil(2.6f * r));
-    for (int i = 0; i < 36; i++) randomFloat(0.7f, 1.3f);
+    for (int i = 0; i < 36; i++)
+        randomFloat(0.7f, 1.3f);
     stone.ox = randomInt(0, 512 - stone.side);
     stone.oy = randomInt(0, 512 - stone.side);
     stone.dr = randomInt(1, 7);
@@ -134,7 +129,7 @@ protected:
     void TearDown() override { freeSurfaceData(); }
 };
 
-TEST_F(Stones, AStoneDarkensARaggedPatchInsideItsBox) {
+TEST_F(Stones, AStoneDarkensARaggedPatchInsideItsBoxDownToZero) {
     for (uint32_t seed : {1u, 2u, 77u, 4242u}) {
         std::memset(surfaceData, 100, bytes);
         StoneDraws stone = replayStone(seed);
@@ -166,9 +161,8 @@ TEST_F(Stones, AStoneDarkensARaggedPatchInsideItsBox) {
         EXPECT_GT(covered, 0);
         EXPECT_LE(covered, stone.side * stone.side);
     }
-}
 
-TEST_F(Stones, DarkeningStopsAtZero) {
+    // Darkening stops at zero.
     std::memset(surfaceData, 3, bytes);
     StoneDraws stone = replayStone(99);
     seedRandom(99);

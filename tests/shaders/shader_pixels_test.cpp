@@ -41,7 +41,8 @@ protected:
 
 double channelDeviation(const std::vector<uint8_t>& rgba, int channel) {
     double mean = channelMean(rgba, channel), sum = 0;
-    for (size_t i = channel; i < rgba.size(); i += 4) sum += (rgba[i] - mean) * (rgba[i] - mean);
+    for (size_t i = channel; i < rgba.size(); i += 4)
+        sum += (rgba[i] - mean) * (rgba[i] - mean);
     return std::sqrt(sum / (rgba.size() / 4));
 }
 
@@ -100,7 +101,8 @@ TEST_F(ShaderPixels, BlursSpreadThePictureAndKeepItsMean) {
     // The label is 256 x 64: red letters on black, blurred down, then across.
     std::vector<uint8_t> label = flatRgba(256, 64, 0, 0, 0);
     for (int y = 20; y < 44; y++) {
-        for (int x = 30; x < 226; x += 12) label[(y * 256 + x) * 4] = 255;
+        for (int x = 30; x < 226; x += 12)
+            label[(y * 256 + x) * 4] = 255;
     }
     uint32_t texture = makeTexture(256, 64, label);
     glViewport(0, 0, 256, 64);
@@ -237,7 +239,7 @@ TEST_F(ShaderPixels, DirectionalLightFollowsTheSlopes) {
     EXPECT_GT(channelMean(facing, 0), channelMean(away, 0) + 40);
 }
 
-TEST_F(ShaderPixels, PointLightIsACircleThatFadesOut) {
+TEST_F(ShaderPixels, PointLightIsACircleThatFadesOutAndSpotLightShinesAlongItsHeading) {
     std::vector<uint8_t> lit = litGround(127, [] { usePointLight(256, 256, 100, 1, 1, 1); });
     auto red = [&lit](int x, int yFromTop) { return int(lit[((511 - yFromTop) * 512 + x) * 4]); };
     EXPECT_GT(red(256, 256), 150);
@@ -245,12 +247,9 @@ TEST_F(ShaderPixels, PointLightIsACircleThatFadesOut) {
     EXPECT_GT(red(300, 256), red(340, 256));
     EXPECT_EQ(red(360, 256), 0);
     EXPECT_EQ(red(256, 100), 0);
-}
 
-TEST_F(ShaderPixels, SpotLightShinesOnlyAlongItsHeading) {
     // Heading straight up the field (y down in field space: -pi/2).
-    std::vector<uint8_t> lit = litGround(127, [] { useSpotLight(256, 500, -1.5707964f, 300, 1, 1, 1); });
-    auto red = [&lit](int x, int yFromTop) { return int(lit[((511 - yFromTop) * 512 + x) * 4]); };
+    lit = litGround(127, [] { useSpotLight(256, 500, -1.5707964f, 300, 1, 1, 1); });
     EXPECT_GT(red(256, 400), 20);
     EXPECT_EQ(red(100, 480), 0) << "beside the cone";
     EXPECT_EQ(red(256, 150), 0) << "past its reach";

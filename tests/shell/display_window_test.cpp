@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "data/settings.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
@@ -44,8 +46,8 @@ TEST_F(DisplayWindow, AutoWindowedIs1000By600PlacedCentredAQuarterDown)
     EXPECT_EQ(window.stencilBits, 8);
     EXPECT_EQ(window.noResizeHint, 1);
     EXPECT_EQ(window.fsaaSamplesHint, 2);
-    EXPECT_EQ(window.x, (1920 - 1000) / 2);
-    EXPECT_EQ(window.y, (1080 - 600) / 4);
+    EXPECT_EQ(window.x, 460);  // centred across, a quarter of the room down
+    EXPECT_EQ(window.y, 120);
     EXPECT_EQ(window.title, "Gorvan");
     EXPECT_EQ(window.swapInterval, 1);
     EXPECT_TRUE(window.cursorEnabled);
@@ -88,15 +90,6 @@ TEST_F(DisplayWindow, StoredResolutionAndFullscreenChooseTheRequest)
     EXPECT_EQ(windowWidth, 1000);
 }
 
-TEST_F(DisplayWindow, OnASmallDesktopThePositionIsNegativeTruncatedTowardZero)
-{
-    desktopWidth = 801;
-    desktopHeight = 599;
-    openAndLog();
-    EXPECT_EQ(testBackend::window().x, -99);  // -199 / 2
-    EXPECT_EQ(testBackend::window().y, 0);    // -1 / 4
-}
-
 TEST_F(DisplayWindow, ARefusedWindowThrowsTheStringConstant)
 {
     testBackend::failOpenWindow(true);
@@ -108,13 +101,66 @@ TEST_F(DisplayWindow, ARefusedWindowThrowsTheStringConstant)
     }
 }
 
-TEST_F(DisplayWindow, GeometryComesFromTheWindowAfterOpening)
+TEST_F(DisplayWindow, OnASmallDesktopThePositionIsNegativeTruncatedTowardZero)
 {
+    desktopWidth = 801;
+    desktopHeight = 599;
     openAndLog();
-    setScreenSize(-1, -1);  // the arguments are not used
+    EXPECT_EQ(testBackend::window().x, -99);  // -199 / 2
+    EXPECT_EQ(testBackend::window().y, 0);    // -1 / 4
+    setScreenSize(-1, -1);  // geometry comes from the window, not the arguments
     EXPECT_EQ(windowWidth, 1000);
     EXPECT_EQ(windowHeight, 600);
-    EXPECT_NE(glfwGetWindowParam(GLFW_OPENED), 0);
-    testBackend::closeWindowNow();
-    EXPECT_EQ(glfwGetWindowParam(GLFW_OPENED), 0);
+}
+
+namespace {
+
+GLFWvidmode mode(int w, int h, int r = 8, int g = 8, int b = 8)
+{
+    return GLFWvidmode{w, h, r, g, b};
+}
+
+}  // namespace
+
+TEST(VideoModes, FifteenLargestFirstOnlyTwentyFourColourBitsAndAtLeast512)
+{
+    GLFWvidmode modes[] = {mode(640, 480), mode(800, 600, 5, 6, 5), mode(800, 600),
+                           mode(1024, 768), mode(1920, 1080)};
+    buildVideoModes(modes, 5);
+    ASSERT_EQ(videoModes.size(), 3u);
+    EXPECT_EQ(videoModes[0], std::make_pair(int16_t(1920), int16_t(1080)));
+    EXPECT_EQ(videoModes[2], std::make_pair(int16_t(800), int16_t(600)));
+
+    std::vector<GLFWvidmode> many;
+    for (int i = 0; i < 20; ++i)
+        many.push_back(mode(600 + i * 10, 600));
+    buildVideoModes(many.data(), 20);
+    ASSERT_EQ(videoModes.size(), 15u);
+    EXPECT_EQ(videoModes.front().first, 790);
+    EXPECT_EQ(videoModes.back().first, 650);
+}
+
+TEST(VideoModes, AStoredResolutionMissingFromTheListFallsBackToAuto)
+{
+    ScratchDir dir;
+    forgetCachedVolumes();
+    GLFWvidmode modes[] = {mode(1280, 720)};
+    buildVideoModes(modes, 1);
+    uint16_t width, height;
+    setResolution(1280, 720);
+    checkStoredResolution();
+    getResolution(&width, &height);
+    EXPECT_EQ(width, 1280);
+
+    setResolution(1366, 768);
+    checkStoredResolution();
+    getResolution(&width, &height);
+    EXPECT_EQ(width, 0);
+    EXPECT_EQ(height, 0);
+
+    buildVideoModes(modes, 0);  // a desktop where no mode passes
+    setResolution(1280, 720);
+    checkStoredResolution();
+    getResolution(&width, &height);
+    EXPECT_EQ(width, 0);
 }

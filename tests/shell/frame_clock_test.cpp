@@ -32,17 +32,14 @@ TEST_F(FrameClockOnVirtualTime, ANewClockTakesTheMachineForAFastOne)
     EXPECT_NEAR(clock.measuredRate, 60 / (59 * 0.011), 1e-6);
     EXPECT_EQ(clock.lag, 0.0);
     EXPECT_EQ(clock.skipState, 0);
-}
 
-TEST_F(FrameClockOnVirtualTime, ARateOfOneSleepsASecondAndOfAThousandAMillisecond)
-{
-    FrameClock slow(1);
-    slow.tick();
-    EXPECT_NEAR(testBackend::now(), 1.0, 1e-9);
-    double start = testBackend::now();
-    FrameClock fast(1000);
-    fast.tick();
-    EXPECT_NEAR(testBackend::now() - start, 0.001, 1e-9);
+    // A rate of one sleeps a second; of a thousand, a millisecond.
+    for (int rate : {1, 1000}) {
+        const double start = testBackend::now();
+        FrameClock paced(rate);
+        paced.tick();
+        EXPECT_NEAR(testBackend::now() - start, 1.0 / rate, 1e-9) << rate;
+    }
 }
 
 TEST_F(FrameClockOnVirtualTime, AFastMachineStaysAtZeroLagAndDrawsEveryFrame)
@@ -60,47 +57,33 @@ TEST_F(FrameClockOnVirtualTime, AFastMachineStaysAtZeroLagAndDrawsEveryFrame)
 TEST_F(FrameClockOnVirtualTime, RowsOfTheSkipTableByLag)
 {
     FrameClock clock(60);
-    clock.measuredRate = 0;  // no recovery in these rounds
-    auto tickAtLag = [&](double lag) {
-        clock.lag = lag;
-        clock.nextFrameTime = testBackend::now() - clock.frameInterval;  // delta exactly 0
-        clock.measuredRate = 0;
-        clock.tick();
+    // Each row: lag before the tick and the skip state it starts from and ends in.
+    // -3 and above draws every frame; down to -6 every other; below, every third.
+    struct Row {
+        double lag;
+        int before, after;
     };
-    tickAtLag(-3.0);
-    EXPECT_EQ(clock.skipState, 0);  // -3 or above draws all
-
-    clock.skipState = 0;
-    tickAtLag(-6.0);  // -6 is still the alternating row
-    EXPECT_EQ(clock.skipState, 1);
-    tickAtLag(-6.0);
-    EXPECT_EQ(clock.skipState, 0);
-    clock.skipState = 2;  // left over from the third row
-    tickAtLag(-4.0);
-    EXPECT_EQ(clock.skipState, 0);
-    EXPECT_EQ(clock.previousSkipState, 2);
-
-    clock.skipState = 0;
-    tickAtLag(-7.0);
-    EXPECT_EQ(clock.skipState, 1);
-    tickAtLag(-7.0);
-    EXPECT_EQ(clock.skipState, 2);
-    tickAtLag(-7.0);
-    EXPECT_EQ(clock.skipState, 0);
+    const Row rows[] = {{-3.0, 0, 0}, {-6.0, 0, 1}, {-6.0, 1, 0}, {-4.0, 2, 0},
+                        {-7.0, 0, 1}, {-7.0, 1, 2}, {-7.0, 2, 0}};
+    for (const Row& row : rows) {
+        clock.skipState = row.before;
+        clock.lag = row.lag;
+        clock.nextFrameTime = testBackend::now() - clock.frameInterval;  // delta exactly 0
+        clock.measuredRate = 0;  // no recovery
+        clock.tick();
+        EXPECT_EQ(clock.skipState, row.after) << row.lag << " from " << row.before;
+        EXPECT_EQ(clock.previousSkipState, row.before);
+    }
 
     // Just above -12 the schedule is kept; below, it starts over from now.
-    clock.lag = -11.99;
-    clock.nextFrameTime = testBackend::now() - clock.frameInterval - 0.005;
-    clock.measuredRate = 0;
-    clock.tick();
-    EXPECT_NEAR(clock.lag, -11.995, 1e-9);
-    EXPECT_NEAR(clock.nextFrameTime, testBackend::now() - 0.005, 1e-9);
-    clock.lag = -11.99;
-    clock.nextFrameTime = testBackend::now() - clock.frameInterval - 0.02;
-    clock.measuredRate = 0;
-    clock.tick();
-    EXPECT_EQ(clock.lag, -12.0);
-    EXPECT_EQ(clock.nextFrameTime, testBackend::now());
+    for (double late : {0.005, 0.02}) {
+        clock.lag = -11.99;
+        clock.nextFrameTime = testBackend::now() - clock.frameInterval - late;
+        clock.measuredRate = 0;
+        clock.tick();
+        EXPECT_NEAR(clock.lag, late < 0.01 ? -11.995 : -12.0, 1e-9);
+        EXPECT_NEAR(clock.nextFrameTime, testBackend::now() - (late < 0.01 ? late : 0), 1e-9);
+    }
 }
 
 TEST_F(FrameClockOnVirtualTime, RecoveryAddsFourHundredthsWhenTheMachineHasHeadroom)
@@ -139,7 +122,8 @@ TEST_F(FrameClockOnVirtualTime, ASlowMachineLosesItsLagAndLeavesFramesOut)
 {
     FrameClock clock(60);
     // 0.1 s behind in every frame: lag falls by about 0.1 a tick.
-    for (int i = 0; i < 35; ++i) round(clock, 1.0 / 60 + 0.1);
+    for (int i = 0; i < 35; ++i)
+        round(clock, 1.0 / 60 + 0.1);
     EXPECT_LT(clock.lag, -3.0);
     EXPECT_GE(clock.lag, -12.0);
     EXPECT_LT(clock.measuredRate, 60);

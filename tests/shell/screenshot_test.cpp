@@ -51,7 +51,8 @@ TEST_F(Screenshots, SixStagesOneAFrameWriteAPlainBitmap)
     frame(taker, true);  // stage 0: the pixels are read at the key press
     EXPECT_EQ(taker.stage, 1);
     std::string log;
-    for (int i = 0; i < 4; ++i) log += frame(taker, true);
+    for (int i = 0; i < 4; ++i)
+        log += frame(taker, true);
     EXPECT_TRUE(log.empty());
     EXPECT_EQ(taker.halfHeight, 3);
     log = frame(taker, false);
@@ -61,13 +62,13 @@ TEST_F(Screenshots, SixStagesOneAFrameWriteAPlainBitmap)
     std::string bmp = readFileBytes("screenshots/0000.bmp");
     ASSERT_EQ(bmp.size(), (1001u * 3 + 1) * 7 + 54);  // row padding 1001 AND 3 = 1
     EXPECT_EQ(bmp.substr(0, 2), "BM");
-    EXPECT_EQ(le32(bmp, 2), bmp.size());
-    EXPECT_EQ(le32(bmp, 10), 54u);
-    EXPECT_EQ(le32(bmp, 14), 40u);
-    EXPECT_EQ(le32(bmp, 18), 1001u);
-    EXPECT_EQ(le32(bmp, 22), 7u);
+    // File size, data offset, header size, width, height, bits, image size
+    // (the row padding is not counted in the last).
+    const std::pair<size_t, uint32_t> fields[] = {{2, uint32_t(bmp.size())}, {10, 54}, {14, 40},
+                                                  {18, 1001}, {22, 7}, {34, 1001 * 7 * 3}};
+    for (auto [at, value] : fields)
+        EXPECT_EQ(le32(bmp, at), value) << at;
     EXPECT_EQ(le32(bmp, 28) & 0xFFFF, 24u);
-    EXPECT_EQ(le32(bmp, 34), 1001u * 7 * 3);  // the padding is not counted here
     // Pixels blue, green, red; each row ends in one zero byte.
     EXPECT_EQ(static_cast<uint8_t>(bmp[54]), 0);
     EXPECT_NEAR(static_cast<uint8_t>(bmp[55]), 128, 1);

@@ -60,13 +60,19 @@ TEST_F(SettingsFile, SettersWriteTheWholeFileBigEndianWithTheTutorialInverted)
     EXPECT_FALSE(isTutorialEnabled());
 }
 
-TEST_F(SettingsFile, FlagsAreWrittenBackNormalised)
+TEST_F(SettingsFile, FlagsAreWrittenBackNormalisedAndWidthZeroIsAuto)
 {
     writeFileBytes("content/settings.dat", bytes({0x03, 0x20, 0x02, 0x58, 7, 2, 20, 40}));
     EXPECT_TRUE(isFullscreen());
     EXPECT_FALSE(isTutorialEnabled());  // any value but 0 is off
     setSoundVolume(60);
     EXPECT_EQ(readFileBytes("content/settings.dat"), bytes({0x03, 0x20, 0x02, 0x58, 1, 1, 20, 60}));
+
+    // Width 0 with any height is "Auto".
+    writeFileBytes("content/settings.dat", bytes({0, 0, 0x02, 0x58, 0, 0, 60, 100}));
+    uint16_t width, height;
+    getResolution(&width, &height);
+    EXPECT_EQ(width, 0);
 }
 
 TEST_F(SettingsFile, VolumesAreReadOnceARun)
@@ -80,14 +86,6 @@ TEST_F(SettingsFile, VolumesAreReadOnceARun)
     EXPECT_EQ(getSoundVolume(), 40);
     setMusicVolume(0);
     EXPECT_EQ(getMusicVolume(), 0);
-}
-
-TEST_F(SettingsFile, WidthZeroWithAnyHeightIsAuto)
-{
-    writeFileBytes("content/settings.dat", bytes({0, 0, 0x02, 0x58, 0, 0, 60, 100}));
-    uint16_t width, height;
-    getResolution(&width, &height);
-    EXPECT_EQ(width, 0);
 }
 
 TEST_F(SettingsFile, ShortOrEmptyFilesGiveTheDefaultsOfTheMissingFields)

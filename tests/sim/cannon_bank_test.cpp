@@ -23,12 +23,16 @@ protected:
         delete level;
         SimTest::TearDown();
     }
+    void run(int frames)
+    {
+        for (int i = 0; i < frames; ++i)
+            bank->update();
+    }
     // Runs the bank until its first cannon stands: 1 frame down, the rebuild,
     // then 100 frames up.
     void standUp()
     {
-        for (int i = 0; i < 102; ++i)
-            bank->update();
+        run(102);
         ASSERT_EQ(bank->progress, 100);
         ASSERT_EQ(bank->cannons.size(), 1u);
     }
@@ -65,8 +69,7 @@ TEST_F(CannonBankTest, NewGameStandsOneCannonAfterAHundredFrames)
     ASSERT_EQ(bank->cannons.size(), 1u);
     EXPECT_EQ(bank->cannons[0]->x, 192);
     EXPECT_EQ(bank->progress, 0);
-    for (int i = 0; i < 99; ++i)
-        bank->update();
+    run(99);
     EXPECT_EQ(bank->progress, 99);
     bank->update();
     EXPECT_EQ(bank->progress, 100);
@@ -90,43 +93,30 @@ TEST_F(CannonBankTest, ChangeTakesTheRowDownInAHundredFramesAndUpInAHundred)
     EXPECT_EQ(bank->cannons[1]->x, 192);
     EXPECT_EQ(bank->cannons[2]->x, 320);
     EXPECT_EQ(bank->progress, 0);
-    for (int i = 0; i < 50; ++i)
-        bank->update();
+    run(50);
     // The rate moves evenly from 3 to 4 - 3.
     EXPECT_EQ(bank->progress, 50);
     EXPECT_FLOAT_EQ(bank->resourceRate, 2.0f);
-    for (int i = 0; i < 50; ++i)
-        bank->update();
+    run(50);
     EXPECT_EQ(bank->progress, 100);
     EXPECT_FLOAT_EQ(bank->resourceRate, 1.0f);
-}
 
-TEST_F(CannonBankTest, TwoCannonsStandAtTheThirds)
-{
-    standUp();
+    // Two stand at the thirds.
     bank->setCannons(2);
-    for (int i = 0; i < 101; ++i)
-        bank->update();
+    run(201);
     ASSERT_EQ(bank->cannons.size(), 2u);
     EXPECT_EQ(bank->cannons[0]->x, 96);
     EXPECT_EQ(bank->cannons[1]->x, 288);
 }
 
-TEST_F(CannonBankTest, ChoosingTheStandingNumberDoesNothing)
+TEST_F(CannonBankTest, TheStandingNumberDoesNothingAndChangingBackTurnsTheRowAround)
 {
     standUp();
     bank->setCannons(1);
     bank->update();
     EXPECT_EQ(bank->progress, 100);
-    EXPECT_EQ(bank->cannons.size(), 1u);
-}
-
-TEST_F(CannonBankTest, ChangingBackWhileGoingDownTurnsTheRowAround)
-{
-    standUp();
     bank->setCannons(2);
-    for (int i = 0; i < 30; ++i)
-        bank->update();
+    run(30);
     EXPECT_EQ(bank->progress, 70);
     bank->setCannons(1);
     bank->update();
@@ -138,8 +128,7 @@ TEST_F(CannonBankTest, NoCannonsRaiseTheResourceRateToFour)
 {
     bank->setCannons(0);
     EXPECT_EQ(bank->progress, 1);
-    for (int i = 0; i < 99; ++i)
-        bank->update();
+    run(99);
     EXPECT_EQ(bank->progress, 100);
     EXPECT_TRUE(bank->cannons.empty());
     EXPECT_FLOAT_EQ(bank->resourceRate, 4.0f);
@@ -150,23 +139,11 @@ TEST_F(CannonBankTest, NoShotWhileTheRowIsChanging)
     standUp();
     Enemy* enemy = addEnemy(192, 300, 1000);
     bank->setCannons(2);
-    for (int i = 0; i < 201; ++i)
-        bank->update();
+    run(201);
     EXPECT_EQ(enemy->hitPoints, 1000);
     EXPECT_EQ(bank->progress, 100);
-    for (int i = 0; i < 200; ++i)
-        bank->update();
+    run(200);
     EXPECT_LT(enemy->hitPoints, 1000);
-}
-
-TEST_F(CannonBankTest, ShareStaysBetweenZeroAndHundred)
-{
-    bank->addShare(60);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
-    bank->addShare(0.7f);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
-    bank->addShare(-200);
-    EXPECT_FLOAT_EQ(bank->permanentShare, 0);
 }
 
 TEST_F(CannonBankTest, TemporaryUpgradesAddAndWearOffIn1500Frames)
@@ -181,24 +158,26 @@ TEST_F(CannonBankTest, TemporaryUpgradesAddAndWearOffIn1500Frames)
     EXPECT_FLOAT_EQ(bank->tempReload, -15);
     EXPECT_TRUE(bank->useTemporary());
     EXPECT_FLOAT_EQ(bank->tempRange, 225);
-    for (int i = 0; i < 1499; ++i)
-        bank->update();
+    run(1499);
     EXPECT_GT(bank->tempDamage, 0);
     EXPECT_GT(bank->tempRange, 0);
     EXPECT_LT(bank->tempReload, 0);
-    for (int i = 0; i < 2; ++i)
-        bank->update();
+    run(2);
     EXPECT_EQ(bank->tempDamage, 0);
     EXPECT_EQ(bank->tempRange, 0);
     EXPECT_EQ(bank->tempReload, 0);
 }
 
-TEST_F(CannonBankTest, ResourceRateFeedsThePanel)
+TEST_F(CannonBankTest, ResourceRateFeedsThePanelByTheShare)
 {
+    bank->addShare(-200);
+    EXPECT_FLOAT_EQ(bank->permanentShare, 0);
+    bank->addShare(60.7f);
+    EXPECT_FLOAT_EQ(bank->permanentShare, 60.7f);
     bank->setCannons(0);
-    bank->addShare(50);  // all to permanent upgrades
-    for (int i = 0; i < 99; ++i)
-        bank->update();
+    bank->addShare(50);  // held at 100: all to permanent upgrades
+    EXPECT_FLOAT_EQ(bank->permanentShare, 100);
+    run(99);
     float progressBefore = bank->panel->permanentProgress;
     bank->update();
     // rate 4, share 100: 4 * 100 * 0.000003 a frame

@@ -99,32 +99,23 @@ TEST_F(DisturbanceTest, AChoiceDuringTheSuspensionComesIntoForceOnResume)
     EXPECT_EQ(bank.wantedCannons, 3);
 }
 
-TEST_F(DisturbanceTest, OffAt150GivesTheCannonsBackAfter50Frames)
+// Switched off at 150 the charge counts down to 100; at 50, down to 1.
+TEST_F(DisturbanceTest, OffAt150GivesTheCannonsBackAfter50FramesAt50After49)
 {
-    pressW(1);
-    runToCharge(150);
-    pressW(1);  // this frame already counts down: 149
-    int frames = 1;
-    while (left->bank->suspended && frames < 1000) {
-        left->update();
-        ++frames;
+    const int rows[][3] = {{150, 50, 100}, {50, 49, 1}};
+    for (const auto& row : rows) {
+        pressW(1);
+        runToCharge(static_cast<int16_t>(row[0]));
+        pressW(1);  // this frame already counts down
+        int frames = 1;
+        while (left->bank->suspended && frames < 1000) {
+            left->update();
+            ++frames;
+        }
+        EXPECT_EQ(frames, row[1]) << row[0];
+        EXPECT_EQ(left->disturbCharge, row[2]) << row[0];
+        runToCharge(0);
     }
-    EXPECT_EQ(frames, 50);
-    EXPECT_EQ(left->disturbCharge, 100);
-}
-
-TEST_F(DisturbanceTest, OffAt50GivesTheCannonsBackAfter49Frames)
-{
-    pressW(1);
-    runToCharge(50);
-    pressW(1);
-    int frames = 1;
-    while (left->bank->suspended && frames < 1000) {
-        left->update();
-        ++frames;
-    }
-    EXPECT_EQ(frames, 49);
-    EXPECT_EQ(left->disturbCharge, 1);
 }
 
 TEST_F(DisturbanceTest, SuspendAndResumeAreIdempotent)

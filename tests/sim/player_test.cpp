@@ -46,46 +46,24 @@ protected:
     Player* player = nullptr;
 };
 
-// The second breach must come fewer than 120 frames after the first to kill.
-void breachTwice(Player& player, int gap)
+// The breach rule: a second breach fewer than 120 frames after the first is
+// fatal; otherwise breaches only fill the static, which drains a unit a frame.
+TEST_F(PlayerTest, SecondBreachWithin119FramesIsFatalAt120ItIsNot)
 {
-    player.level->enemies.push_back(new Enemy{100, 600, 0, 4, 4, 4, 4});
-    player.update();
-    EXPECT_EQ(player.noise, 300);
-    EXPECT_EQ(player.endState, 0);
-    for (int i = 1; i < gap; ++i)
-        player.update();
-    player.level->enemies.push_back(new Enemy{100, 600, 0, 4, 4, 4, 4});
-    player.update();
-}
-
-TEST_F(PlayerTest, SecondBreachAfter119FramesIsFatal)
-{
-    make(0, false);
-    breachTwice(*player, 119);
-    EXPECT_EQ(player->noise, 481);
-    EXPECT_EQ(player->endState, 3);
-    EXPECT_EQ(player->endCode(), 3);
-}
-
-TEST_F(PlayerTest, SecondBreachAfter120FramesIsNot)
-{
-    make(0, false);
-    breachTwice(*player, 120);
-    EXPECT_EQ(player->noise, 480);
-    EXPECT_EQ(player->endState, 0);
-    // noiseRoll follows noise: truncate(noise / 3.5 + noiseRoll)
-    EXPECT_GT(player->noiseRoll, 0);
-}
-
-TEST_F(PlayerTest, ALoneBreachOnlyFillsTheStatic)
-{
-    make(0, false);
-    addEnemy(100, 600, 4, 4);
-    player->update();
-    EXPECT_EQ(player->noise, 300);
-    EXPECT_EQ(player->noiseRoll, 85);  // truncate(300 / 3.5)
-    run(300);
+    for (int gap : {119, 120}) {
+        make(0, false);
+        addEnemy(100, 600, 4, 4);
+        player->update();
+        EXPECT_EQ(player->noise, 300);
+        EXPECT_EQ(player->noiseRoll, 85);  // truncate(300 / 3.5)
+        run(gap - 1);
+        addEnemy(100, 600, 4, 4);
+        player->update();
+        EXPECT_EQ(player->noise, gap == 119 ? 481 : 480);
+        EXPECT_EQ(player->endState, gap == 119 ? 3 : 0);
+        EXPECT_EQ(player->endCode(), gap == 119 ? 3 : 0);
+    }
+    run(480);
     EXPECT_EQ(player->noise, 0);
     EXPECT_EQ(player->endState, 0);
 }
@@ -154,7 +132,7 @@ TEST_F(PlayerTest, ShownScoreRunsAfterScoreAndNeverOvershoots)
     EXPECT_EQ(player->shownScore, 1000u);
 }
 
-TEST_F(PlayerTest, EndCodeMarksNewHiScores)
+TEST_F(PlayerTest, EndCodeMarksNewHiScoresAndHiScoreAndParComeFromTheirTables)
 {
     make(0, false);
     player->hiScore = 10;
@@ -177,6 +155,15 @@ TEST_F(PlayerTest, EndCodeMarksNewHiScores)
     EXPECT_EQ(player->endCode(), 3);
     player->concede();
     EXPECT_EQ(player->endState, 1);
+
+    saveStageScore(1, 123);
+    saveSurvivalScore(1, 456);
+    make(0, false);
+    EXPECT_EQ(player->hiScore, 123u);
+    EXPECT_EQ(player->parScore, 1000u);
+    make(0, true);
+    EXPECT_EQ(player->hiScore, 456u);
+    EXPECT_EQ(player->parScore, 0u);
 }
 
 TEST_F(PlayerTest, DestructorStoresTheScoreByTheRules)
@@ -199,28 +186,14 @@ TEST_F(PlayerTest, DestructorStoresTheScoreByTheRules)
     EXPECT_EQ(getSurvivalScore(1), 40u);
 }
 
-TEST_F(PlayerTest, HiScoreAndParFollowTheRules)
-{
-    saveStageScore(1, 123);
-    saveSurvivalScore(1, 456);
-    make(0, false);
-    EXPECT_EQ(player->hiScore, 123u);
-    EXPECT_EQ(player->parScore, 1000u);
-    make(0, true);
-    EXPECT_EQ(player->hiScore, 456u);
-    EXPECT_EQ(player->parScore, 0u);
-}
-
 TEST_F(PlayerTest, SpeedUpSignLastsWholeBlinks)
 {
-    const char* lines[] = {"15", "16", "65", "66"};
-    const uint16_t expected[] = {0, 50, 50, 100};
-    for (int i = 0; i < 4; ++i) {
-        map.speedUpFrames = lines[i];
+    const std::pair<const char*, uint16_t> rows[] = {{"15", 0}, {"16", 50}, {"65", 50}, {"66", 100}};
+    for (const auto& [line, frames] : rows) {
+        map.speedUpFrames = line;
         path = map.write(1);
         make(0, false);
-        EXPECT_EQ(player->speedUpFrames, expected[i]) << lines[i];
-        EXPECT_EQ(player->level->speedUpFrames, std::stoi(lines[i]));
+        EXPECT_EQ(player->speedUpFrames, frames) << line;
     }
 }
 
@@ -265,6 +238,12 @@ TEST_F(PlayerTest, KeysOnTheLeftMouseOnTheRight)
     testBackend::setKey('3', true);
     player->update();
     EXPECT_EQ(player->bank->heldCannons, 1);  // the right side has no keys
+
+    make(0, false);  // and no input after the end
+    player->endState = 1;
+    run(3);
+    EXPECT_EQ(player->bank->heldCannons, 1);
+    EXPECT_EQ(player->cannonButtons[3]->heldFrames, 0);
 }
 
 TEST_F(PlayerTest, CannonKeyAndClickChooseTheRow)
@@ -286,7 +265,7 @@ TEST_F(PlayerTest, CannonKeyAndClickChooseTheRow)
     EXPECT_EQ(player->cannonButtons[2]->heldFrames, 0);
 }
 
-TEST_F(PlayerTest, OnePressUsesOneTemporaryUpgrade)
+TEST_F(PlayerTest, OnePressUsesOneTemporaryUpgradeAndShareKeysMoveBySevenTenths)
 {
     make(0, false);
     std::vector<Upgrade*>& queue = player->bank->panel->temporary;
@@ -302,11 +281,8 @@ TEST_F(PlayerTest, OnePressUsesOneTemporaryUpgrade)
     testBackend::setKey('S', true);
     player->update();
     EXPECT_EQ(queue.size(), 1u);
-}
+    testBackend::setKey('S', false);
 
-TEST_F(PlayerTest, ShareKeysMoveBySevenTenthsAFrame)
-{
-    make(0, false);
     testBackend::setKey('Q', true);
     run(10);
     EXPECT_NEAR(player->bank->permanentShare, 57, 1e-3);
@@ -314,16 +290,6 @@ TEST_F(PlayerTest, ShareKeysMoveBySevenTenthsAFrame)
     testBackend::setKey('A', true);
     run(100);
     EXPECT_EQ(player->bank->permanentShare, 0);
-}
-
-TEST_F(PlayerTest, NoInputAfterTheEnd)
-{
-    make(0, false);
-    player->endState = 1;
-    testBackend::setKey('3', true);
-    run(3);
-    EXPECT_EQ(player->bank->heldCannons, 1);
-    EXPECT_EQ(player->cannonButtons[3]->heldFrames, 0);
 }
 
 }  // namespace

@@ -17,6 +17,15 @@ TEST_F(ScoreSignsTest, NothingInTheFirstTwoPercent)
     EXPECT_TRUE(signs.sign3On);
     EXPECT_EQ(signs.sign1X, 430);
     EXPECT_EQ(signs.sign3X, 449);
+
+    // Survival without a hi-score shows the record at once.
+    ScoreSigns survival;
+    survival.applyRules(0, 0, 0);
+    EXPECT_FALSE(survival.sign3On);
+    survival.applyRules(1, 0, 0);
+    EXPECT_TRUE(survival.sign3On);
+    EXPECT_FALSE(survival.sign1On);
+    EXPECT_EQ(survival.sign3X, 539);
 }
 
 TEST_F(ScoreSignsTest, HiScoreAheadThenParAheadThenRecord)
@@ -40,17 +49,6 @@ TEST_F(ScoreSignsTest, HiScoreAheadThenParAheadThenRecord)
     EXPECT_FALSE(signs.sign1On);
     EXPECT_FALSE(signs.sign2On);
     EXPECT_TRUE(signs.sign3On);  // never switched off
-}
-
-TEST_F(ScoreSignsTest, SurvivalWithoutHiScoreShowsTheRecordAtOnce)
-{
-    ScoreSigns signs;
-    signs.applyRules(0, 0, 0);
-    EXPECT_FALSE(signs.sign3On);
-    signs.applyRules(1, 0, 0);
-    EXPECT_TRUE(signs.sign3On);
-    EXPECT_FALSE(signs.sign1On);
-    EXPECT_EQ(signs.sign3X, 539);
 }
 
 TEST_F(ScoreSignsTest, SlidesAndPlaces)

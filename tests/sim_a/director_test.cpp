@@ -48,7 +48,7 @@ uint32_t seedForMood(bool rush)
     }
 }
 
-TEST(DirectorStart, DrawsIntervalThenShareOfBigEnemies)
+TEST(DirectorStart, DrawsIntervalThenShareOfBigEnemiesButNotOnPureMaps)
 {
     seedRandom(7);
     const float intervalFactor = randomFloat(0.5f, 1.3f);
@@ -60,10 +60,8 @@ TEST(DirectorStart, DrawsIntervalThenShareOfBigEnemies)
     EXPECT_EQ(director.phaseFrames, 100);
     EXPECT_TRUE(director.releasing);
     EXPECT_EQ(director.credit, 0);
-}
 
-TEST(DirectorStart, PureMapsTakeTheirShareAsItStandsWithoutADraw)
-{
+    // Pure maps take their share as it stands, without a draw.
     seedRandom(7);
     Director small(0, 10);
     const int next = gameRand();
@@ -151,20 +149,7 @@ TEST(DirectorBacklog, BrakeHoldsTheCreditFromMinusTwentyOn)
     EXPECT_FLOAT_EQ(director.credit, 1);
 }
 
-TEST(DirectorRelease, SilentGapStopsTheCreditButNotTheSpending)
-{
-    Director director = steadyDirector();
-    director.releasing = false;
-    director.update();
-    EXPECT_EQ(director.credit, 0);
-    director.interval = 0.5f;
-    director.credit = 1.2f;
-    director.update();
-    EXPECT_EQ(director.pending.size(), 2u);
-    EXPECT_EQ(director.releasedSmall + director.releasedBig, 2);
-}
-
-TEST(DirectorRelease, StrictlyAboveTheIntervalAndKindByDraw)
+TEST(DirectorRelease, StrictlyAboveTheIntervalKindByDrawAndSilentGapsEarnNoCredit)
 {
     Director director = steadyDirector();
     director.interval = 3;
@@ -181,6 +166,17 @@ TEST(DirectorRelease, StrictlyAboveTheIntervalAndKindByDraw)
     ASSERT_EQ(director.pending.size(), 1u);
     EXPECT_EQ(director.pending.back(), expected);
     EXPECT_EQ(expected == 8 ? director.releasedBig : director.releasedSmall, 1);
+
+    // A silent gap stops the credit but not the spending.
+    director.releasing = false;
+    director.credit = 0;
+    director.update();
+    EXPECT_EQ(director.credit, 0);
+    director.interval = 0.5f;
+    director.credit = 1.2f;
+    director.update();
+    EXPECT_EQ(director.pending.size(), 3u);
+    EXPECT_EQ(director.releasedSmall + director.releasedBig, 3);
 }
 
 TEST(DirectorRelease, FullShareReleasesOnlyBigAndTakePendingWorksFromTheBack)
@@ -194,11 +190,8 @@ TEST(DirectorRelease, FullShareReleasesOnlyBigAndTakePendingWorksFromTheBack)
     EXPECT_EQ(director.releasedSmall, 0);
 
     director.pending.assign({4, 8, 4, 4});
-    EXPECT_EQ(director.takePending(), 4);
-    EXPECT_EQ(director.takePending(), 4);
-    EXPECT_EQ(director.takePending(), 8);
-    EXPECT_EQ(director.takePending(), 4);
-    EXPECT_EQ(director.takePending(), 0);
+    for (int kind : {4, 4, 8, 4, 0})
+        EXPECT_EQ(director.takePending(), kind);
 }
 
 TEST(DirectorDecision, CorrectionShrinksTheIntervalThenNudgesByTheSkew)

@@ -8,17 +8,6 @@
 
 namespace {
 
-TEST(BoltTest, LivesItsLifetimeInFrames)
-{
-    Bolt bolt(1, 0, 0, 0, 0, 10, 10, 50, false);
-    EXPECT_EQ(bolt.framesLeft, 50);
-    int frames = 1;
-    while (bolt.age())
-        ++frames;
-    EXPECT_EQ(frames, 50);
-    EXPECT_EQ(bolt.framesLeft, 0);
-}
-
 TEST(BoltTest, ShortBoltsAreCutInTwoStepsLongOnesIn15UnitSteps)
 {
     // 10 units long: two steps of 5 straight down.
@@ -38,8 +27,14 @@ TEST(BoltTest, ShortBoltsAreCutInTwoStepsLongOnesIn15UnitSteps)
     }
 }
 
-TEST(BoltTest, AgeingAListDropsTheSpentAndKeepsTheOrder)
+TEST(BoltTest, LivesItsLifetimeAndAgeingAListDropsTheSpentInOrder)
 {
+    Bolt bolt(1, 0, 0, 0, 0, 10, 10, 50, false);
+    int frames = 1;
+    while (bolt.age())
+        ++frames;
+    EXPECT_EQ(frames, 50);
+
     std::vector<Bolt> bolts;
     for (int lifetime : {3, 1, 2, 1, 5})
         bolts.emplace_back(0.1f * lifetime, 0, 0, 0, 0, 1, 1, lifetime, false);
@@ -54,16 +49,6 @@ TEST(BoltTest, AgeingAListDropsTheSpentAndKeepsTheOrder)
     EXPECT_EQ(bolts[1].lifetime, 5);
 }
 
-TEST(SparkTest, BlotIsOneStillFrameOfNoRed)
-{
-    Spark blot(10, 20, 8);
-    EXPECT_EQ(blot.size, 8);
-    EXPECT_EQ(blot.dx, 0);
-    EXPECT_EQ(blot.dy, 0);
-    EXPECT_EQ(blot.framesLeft, 1);
-    EXPECT_EQ(blot.red, 0);
-}
-
 TEST(SparkTest, DropletDrawsDriftLifetimeAndRedInThatOrder)
 {
     seedRandom(77);
@@ -74,8 +59,6 @@ TEST(SparkTest, DropletDrawsDriftLifetimeAndRedInThatOrder)
     seedRandom(77);
     Spark droplet(10, 20);
     EXPECT_EQ(droplet.size, 1.5f);
-    EXPECT_EQ(droplet.x, 10);
-    EXPECT_EQ(droplet.y, 20);
     EXPECT_EQ(droplet.dx, dx);
     EXPECT_EQ(droplet.dy, dy);
     EXPECT_EQ(droplet.framesLeft, frames);
@@ -88,9 +71,6 @@ TEST(PointLightTest, AgesAndIsDroppedInOrder)
     lights.emplace_back(nullptr, 7, 0, 0, 192, 600, 400, 250);
     lights.emplace_back(nullptr, 0, 0, 40, 5, 6, 100, 1);
     lights.emplace_back(nullptr, 1.5f, 0, 0, 7, 8, 65, 2);
-    EXPECT_EQ(lights[0].framesLeft, 250);
-    EXPECT_EQ(lights[1].radius, 100);
-    EXPECT_EQ(lights[2].red, 1.5f);
     ageLights(lights);  // the light of lifetime 1 goes in its first ageing
     ASSERT_EQ(lights.size(), 2u);
     EXPECT_EQ(lights[0].framesLeft, 249);
@@ -100,7 +80,7 @@ TEST(PointLightTest, AgesAndIsDroppedInOrder)
     EXPECT_EQ(lights[0].lifetime, 250);
 }
 
-TEST(ShardTest, JumpDrawsDirectionSpeedAndSpinInThatOrder)
+TEST(ShardTest, JumpDrawsDirectionSpeedAndSpinThenFollowsDragGravityMoveAndSpin)
 {
     seedRandom(3);
     const float direction = randomInt(0, 1) == 0 ? 1.0f : -1.0f;
@@ -113,6 +93,15 @@ TEST(ShardTest, JumpDrawsDirectionSpeedAndSpinInThatOrder)
     EXPECT_EQ(shard.dx, dx);
     EXPECT_EQ(shard.dy, dy);
     EXPECT_EQ(shard.spin, spin);
+
+    const float nextDx = dx * 0.99f;
+    const float nextDy = (dy + 0.01f) * 0.99f;
+    EXPECT_TRUE(shard.update());
+    EXPECT_FLOAT_EQ(shard.dx, nextDx);
+    EXPECT_FLOAT_EQ(shard.dy, nextDy);
+    EXPECT_FLOAT_EQ(shard.x, 40 + nextDx);
+    EXPECT_FLOAT_EQ(shard.y, 50 + nextDy);
+    EXPECT_FLOAT_EQ(shard.spin, spin + std::fabs(nextDy) * direction * 0.01f);
 }
 
 TEST(ShardTest, FliesUpTurnsOverAndEndsFallingAtHalfAUnitAFrame)
@@ -133,35 +122,6 @@ TEST(ShardTest, FliesUpTurnsOverAndEndsFallingAtHalfAUnitAFrame)
         EXPECT_LE(frames, 140) << seed;
         EXPECT_GT((shard.x - startX) * direction, 0);
     }
-}
-
-TEST(ShardTest, OneUpdateFollowsDragGravityMoveAndSpin)
-{
-    seedRandom(9);
-    Shard shard(0, 0);
-    const float dx = shard.dx * 0.99f;
-    const float dy = (shard.dy + 0.01f) * 0.99f;
-    const float spin = shard.spin + std::fabs(dy) * shard.spinDirection * 0.01f;
-    EXPECT_TRUE(shard.update());
-    EXPECT_FLOAT_EQ(shard.dx, dx);
-    EXPECT_FLOAT_EQ(shard.dy, dy);
-    EXPECT_FLOAT_EQ(shard.x, dx);
-    EXPECT_FLOAT_EQ(shard.y, dy);
-    EXPECT_FLOAT_EQ(shard.spin, spin);
-}
-
-TEST(ShardTest, UpdatingAListDropsLandedShardsInOrder)
-{
-    seedRandom(4);
-    std::vector<Shard> shards;
-    shards.emplace_back(1, 0);
-    shards.emplace_back(2, 0);
-    shards.emplace_back(3, 0);
-    shards[1].dy = 0.6f;  // already falling too fast
-    updateShards(shards);
-    ASSERT_EQ(shards.size(), 2u);
-    EXPECT_NEAR(shards[0].x, 1, 0.6);
-    EXPECT_NEAR(shards[1].x, 3, 0.6);
 }
 
 }  // namespace

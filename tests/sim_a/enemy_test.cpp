@@ -35,40 +35,30 @@ protected:
     std::unique_ptr<Level> level;
 };
 
+// A drawn kind draws speed, kind, hit points and place in that order; a
+// given kind draws no share and starts above the field.
 TEST_F(EnemyTest, CreationDrawsSpeedKindHitPointsAndPlaceInThatOrder)
 {
-    seedRandom(5);
-    const float speed = randomFloat(0.8f, 1.2f);
-    const bool big = 20 > randomFloat(0, 100);
-    const float hitPoints = randomFloat(8, 12);
-    const float x = randomFloat(4, 380);
-    const float y = randomFloat(0, 50);
-    seedRandom(5);
-    const Enemy& enemy = *level->enemies[level->spawnEnemy(ENEMY_KIND_DRAWN, true)];
-    EXPECT_EQ(enemy.size, big ? 8 : 4);
-    EXPECT_FLOAT_EQ(enemy.speed, big ? speed * 0.5f : speed);
-    EXPECT_FLOAT_EQ(enemy.maxHitPoints, big ? hitPoints * 10 : hitPoints);
-    EXPECT_EQ(enemy.hitPoints, enemy.maxHitPoints);
-    EXPECT_EQ(enemy.reservedHitPoints, enemy.maxHitPoints);
-    EXPECT_FLOAT_EQ(enemy.x, x);
-    EXPECT_FLOAT_EQ(enemy.y, y);
-}
-
-TEST_F(EnemyTest, GivenKindDrawsNoShareAndStartsAboveTheField)
-{
-    seedRandom(5);
-    const float speed = randomFloat(0.8f, 1.2f);
-    const float hitPoints = randomFloat(8, 12);
-    const float x = randomFloat(4, 380);
-    const int next = gameRand();
-    seedRandom(5);
-    const Enemy& enemy = *level->enemies[level->spawnEnemy(ENEMY_KIND_BIG, false)];
-    EXPECT_EQ(gameRand(), next);
-    EXPECT_EQ(enemy.size, 8);
-    EXPECT_FLOAT_EQ(enemy.speed, speed * 0.5f);
-    EXPECT_FLOAT_EQ(enemy.maxHitPoints, hitPoints * 10);
-    EXPECT_FLOAT_EQ(enemy.x, x);
-    EXPECT_EQ(enemy.y, -25);
+    for (bool drawn : {true, false}) {
+        seedRandom(5);
+        const float speed = randomFloat(0.8f, 1.2f);
+        const bool big = drawn ? 20 > randomFloat(0, 100) : true;
+        const float hitPoints = randomFloat(8, 12);
+        const float x = randomFloat(4, 380);
+        const float y = drawn ? randomFloat(0, 50) : -25;
+        const int next = gameRand();
+        seedRandom(5);
+        const Enemy& enemy = *level->enemies[level->spawnEnemy(
+            drawn ? ENEMY_KIND_DRAWN : ENEMY_KIND_BIG, drawn)];
+        EXPECT_EQ(gameRand(), next) << drawn;
+        EXPECT_EQ(enemy.size, big ? 8 : 4);
+        EXPECT_FLOAT_EQ(enemy.speed, big ? speed * 0.5f : speed);
+        EXPECT_FLOAT_EQ(enemy.maxHitPoints, big ? hitPoints * 10 : hitPoints);
+        EXPECT_EQ(enemy.hitPoints, enemy.maxHitPoints);
+        EXPECT_EQ(enemy.reservedHitPoints, enemy.maxHitPoints);
+        EXPECT_FLOAT_EQ(enemy.x, x);
+        EXPECT_FLOAT_EQ(enemy.y, y);
+    }
 }
 
 TEST_F(EnemyTest, SlotsAreRefilledFromTheLowestAndNeverCompacted)
@@ -189,7 +179,7 @@ TEST_F(EnemyTest, LostTargetsReadAs1000AndShotsAtThemDontHappen)
     EXPECT_FALSE(level->hitEnemy(0, 4));  // a free slot
 }
 
-TEST_F(EnemyTest, DeadEnemiesAreCollectedFirstInSlotOrderAndOverkillCountsTwice)
+TEST_F(EnemyTest, DeadAreCollectedInSlotOrderAndOnlyTheAliveAreListed)
 {
     place(10, 100, 5);
     Enemy& second = place(20, 200, 5);
@@ -214,12 +204,8 @@ TEST_F(EnemyTest, DeadEnemiesAreCollectedFirstInSlotOrderAndOverkillCountsTwice)
     EXPECT_EQ(level->popDeadEnemy(x, y, size), 0);
     EXPECT_EQ(x, -7);  // nothing written
     EXPECT_NE(level->enemies[0], nullptr);
-}
 
-TEST_F(EnemyTest, LiveEnemiesListsTheAliveInSlotOrder)
-{
-    place(10, 100);
-    Enemy& dead = place(20, 100);
+    Enemy& dead = place(20, 100);  // refills slot 1
     place(30, 100);
     dead.hitPoints = dead.reservedHitPoints = 0;
     std::vector<Enemy*> list;

@@ -35,6 +35,12 @@ protected:
         return report;
     }
 
+    static void frames(Level& level, int count)
+    {
+        for (int i = 0; i < count; ++i)
+            frame(level);
+    }
+
     static int enemyCount(const Level& level)
     {
         int count = 0;
@@ -93,12 +99,11 @@ TEST_F(LevelTest, MissingMapSaysSoAndRunsAPlainStage)
     EXPECT_GT(level.spawnInterval, 0);
     EXPECT_FALSE(level.directed);
     ASSERT_NE(level.director, nullptr);
-    for (int i = 0; i < 3000; ++i)
-        frame(level);
+    frames(level, 3000);
     EXPECT_GT(enemyCount(level), 0);
 }
 
-TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOn)
+TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOnAndAZeroPeriodToo)
 {
     MapText text;
     text.set(7, "33");
@@ -111,12 +116,10 @@ TEST_F(LevelTest, ShortMapKeepsDefaultsFromTheFirstMissingLineOn)
     EXPECT_FLOAT_EQ(level->spawnInterval, 33);
     EXPECT_FLOAT_EQ(level->minSpawnInterval, 1);
     EXPECT_GT(level->waveFrames + level->pauseFrames, 0);
-}
 
-TEST_F(LevelTest, WavePeriodOfZeroFallsBackToTheDefaultClock)
-{
+    // A wave period of zero falls back to the default clock.
     testing::internal::CaptureStderr();
-    auto level = build(MapText().set(11, "0").set(12, "0"));
+    level = build(MapText().set(11, "0").set(12, "0"));
     EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
     EXPECT_GT(level->waveFrames + level->pauseFrames, 0);
     frame(*level);
@@ -125,8 +128,7 @@ TEST_F(LevelTest, WavePeriodOfZeroFallsBackToTheDefaultClock)
 TEST_F(LevelTest, CreditEqualToTheIntervalSpawnsNothing)
 {
     auto level = build(shortClock().set(11, "100").set(7, "5"));
-    for (int i = 1; i <= 5; ++i)
-        frame(*level);
+    frames(*level, 5);
     EXPECT_FLOAT_EQ(level->spawnCredit, 5);
     EXPECT_EQ(enemyCount(*level), 0);
     frame(*level);
@@ -155,13 +157,12 @@ TEST_F(LevelTest, LastSpawningFrameIsWaveFramesAndThePauseZeroesTheCredit)
     EXPECT_EQ(enemyCount(*level), spawned + 1);
 }
 
-TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmpty)
+TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmptySurvivalNever)
 {
     auto level = build(shortClock().set(13, "1").set(7, "0.5").set(9, "0.5").set(4, "1"));
     EXPECT_EQ(level->totalFrames(), 15u);
-    for (int i = 1; i <= 14; ++i)
+    for (int i = 1; i <= 15; ++i)  // the clock stops at frame 15
         EXPECT_EQ(frame(*level), STEP_NOTHING);
-    EXPECT_EQ(frame(*level), STEP_NOTHING);  // frame 15: the clock stops here
     EXPECT_EQ(level->waveIndex, 1);
     const float hitPoints = level->enemyHitPoints;
     const int enemies = enemyCount(*level);
@@ -173,11 +174,9 @@ TEST_F(LevelTest, StageEndsAfterTheLastPeriodOnceTheFieldIsEmpty)
     EXPECT_EQ(frame(*level), STEP_FINISHED);
     EXPECT_EQ(frame(*level), STEP_FINISHED);
     EXPECT_EQ(level->elapsedFrames(), 67u);
-}
 
-TEST_F(LevelTest, SurvivalRunsPastTheLastWaveAndNeverFinishes)
-{
-    auto level = build(shortClock().set(13, "1"), true);
+    // Survival runs past the last wave and never finishes.
+    level = build(shortClock().set(13, "1"), true);
     for (int i = 0; i < 100; ++i)
         EXPECT_EQ(frame(*level), STEP_NOTHING);
     EXPECT_EQ(level->waveIndex, 6);
@@ -190,15 +189,11 @@ TEST_F(LevelTest, FastStartDoublesSpeedAndCreditButNotGrowth)
     Enemy& enemy = *level->enemies[slot];
     const float speed = enemy.speed;
     const float hitPoints = level->enemyHitPoints;
-    frame(*level);
-    EXPECT_FLOAT_EQ(enemy.y, -25 + 2 * speed);
-    EXPECT_FLOAT_EQ(level->spawnCredit, 2);
-    frame(*level);
-    EXPECT_FLOAT_EQ(enemy.y, -25 + 4 * speed);
-    EXPECT_FLOAT_EQ(level->spawnCredit, 4);
-    frame(*level);  // frame 3 is no longer below 3
-    EXPECT_FLOAT_EQ(enemy.y, -25 + 5 * speed);
-    EXPECT_FLOAT_EQ(level->spawnCredit, 5);
+    for (float steps : {2.0f, 4.0f, 5.0f}) {  // frame 3 is no longer below 3
+        frame(*level);
+        EXPECT_FLOAT_EQ(enemy.y, -25 + steps * speed);
+        EXPECT_FLOAT_EQ(level->spawnCredit, steps);
+    }
     EXPECT_FLOAT_EQ(level->enemyHitPoints, hitPoints + 3);
 }
 
@@ -226,8 +221,7 @@ TEST_F(LevelTest, OneBreachAFrameAndTheLineIsStrict)
 TEST_F(LevelTest, LastEnemyBreakingThroughReportsTheBreachThenTheEnd)
 {
     auto level = build(shortClock().set(13, "1").set(7, "1000"));
-    for (int i = 0; i < 15; ++i)
-        frame(*level);
+    frames(*level, 15);
     level->spawnEnemy(ENEMY_KIND_SMALL, false);
     level->enemies[0]->y = 516;
     EXPECT_EQ(level->step(), STEP_BREACH);
@@ -237,12 +231,10 @@ TEST_F(LevelTest, LastEnemyBreakingThroughReportsTheBreachThenTheEnd)
 TEST_F(LevelTest, SpawnIntervalStopsAtItsFloorExactly)
 {
     auto level = build(shortClock().set(7, "10").set(8, "-3").set(9, "5"));
-    frame(*level);
-    EXPECT_FLOAT_EQ(level->spawnInterval, 7);
-    frame(*level);
-    EXPECT_EQ(level->spawnInterval, 5.0f);
-    frame(*level);
-    EXPECT_EQ(level->spawnInterval, 5.0f);
+    for (float expected : {7.0f, 5.0f, 5.0f}) {
+        frame(*level);
+        EXPECT_EQ(level->spawnInterval, expected);
+    }
 }
 
 TEST_F(LevelTest, DirectedClockOnlyEarnsAndTheDirectorReleases)
@@ -296,10 +288,6 @@ TEST_F(LevelTest, DisturbanceEnemyComesAfterThreeAverageSpawnsOfThePeriod)
     EXPECT_LE(y, 50);
     EXPECT_NEAR(level->disturbCredit, 1, 1e-4);
 }
-
-}  // namespace
-
-namespace {
 
 TEST_F(LevelTest, DirectedReleaseStaysTiedToTheClockOverALongGame)
 {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "data/map_file.h"
 #include "map_text.h"
@@ -15,41 +16,23 @@ std::string title(int number, bool numbered)
     return dest;
 }
 
-TEST(MapTitle, IsLineOneUpToTheLineEnd)
+TEST(MapTitle, IsLineOneNumberedWithTwoBlanksBelowTenAndCutAt127)
 {
     ScratchDir scratch;
+    const std::string longest(127, 'a');
     MapText().set(1, "Quiet Shore").write(3);
-    EXPECT_EQ(title(3, false), "Quiet Shore");
-}
-
-TEST(MapTitle, NumbersLineUpWithTwoBlanksBelowTen)
-{
-    ScratchDir scratch;
     MapText().set(1, "x").write(9);
     MapText().set(1, "x").write(10);
-    EXPECT_EQ(title(9, true), "9.  x");
-    EXPECT_EQ(title(10, true), "10. x");
-}
-
-TEST(MapTitle, KeepsAllOf127CharactersAndCutsLongerOnes)
-{
-    ScratchDir scratch;
-    const std::string exact(127, 'a');
-    MapText().set(1, exact).write(1);
-    EXPECT_EQ(title(1, false), exact);
-    EXPECT_EQ(title(1, true), "1.  " + exact);
-
-    MapText().set(1, exact + "bcd").write(2);
-    EXPECT_EQ(title(2, false), exact);
-}
-
-TEST(MapTitle, LosesTheCarriageReturnOfCrLf)
-{
-    ScratchDir scratch;
-    MapText text;
-    text.lineEnd = "\r\n";
-    text.set(1, std::string(127, 'z')).write(4);
-    EXPECT_EQ(title(4, false), std::string(127, 'z'));
+    MapText().set(1, longest).write(1);
+    MapText().set(1, longest + "bcd").write(2);
+    MapText crLf;
+    crLf.lineEnd = "\r\n";
+    crLf.set(1, longest).write(4);  // loses the carriage return
+    const std::tuple<int, bool, std::string> rows[] = {
+        {3, false, "Quiet Shore"}, {9, true, "9.  x"}, {10, true, "10. x"},
+        {1, false, longest}, {1, true, "1.  " + longest}, {2, false, longest}, {4, false, longest}};
+    for (const auto& [number, numbered, expected] : rows)
+        EXPECT_EQ(title(number, numbered), expected) << number << " " << numbered;
 }
 
 TEST(MapTitle, MissingFileLeavesThePathAndSaysSo)
@@ -61,7 +44,7 @@ TEST(MapTitle, MissingFileLeavesThePathAndSaysSo)
               "Couldn't open map file 'content/maps/map17.txt'!\n");
 }
 
-TEST(MapParScore, ReadsLine27AndNeverGivesZero)
+TEST(MapValues, ParIsLine27AndNeverZeroUnlockIsLine28AndZeroForShortFiles)
 {
     ScratchDir scratch;
     MapText().set(27, "4321").write(1);
@@ -73,18 +56,13 @@ TEST(MapParScore, ReadsLine27AndNeverGivesZero)
     EXPECT_EQ(getMapParScore(5), 1u);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "Couldn't load map 'content/maps/map5.txt'!\n");
-}
 
-TEST(MapUnlockPoints, ReadsLine28AndIsZeroForShortOrMissingFiles)
-{
-    ScratchDir scratch;
-    MapText().set(28, "250").write(1);
-    EXPECT_EQ(getMapUnlockPoints(1), 250u);
-
+    MapText().set(28, "250").write(3);
+    EXPECT_EQ(getMapUnlockPoints(3), 250u);
     MapText shortText;
     shortText.lines.resize(27);
-    shortText.write(2);
-    EXPECT_EQ(getMapUnlockPoints(2), 0u);
+    shortText.write(4);
+    EXPECT_EQ(getMapUnlockPoints(4), 0u);
 
     testing::internal::CaptureStdout();
     EXPECT_EQ(getMapUnlockPoints(6), 0u);
@@ -131,31 +109,6 @@ TEST(MapLines, AtMost127CharactersMayFollowAValue)
         EXPECT_FLOAT_EQ(hitPoints, 4);
         EXPECT_FLOAT_EQ(growth, path == fits ? 0.0f : 9.0f) << path;
     }
-}
-
-TEST(MapReaderTest, ReadsTypedValuesLineByLine)
-{
-    ScratchDir scratch;
-    const std::string path = MapText().set(2, "65").set(11, "-40").set(14, "1").write(1);
-    MapReader reader(path);
-    ASSERT_TRUE(reader.isOpen());
-    reader.skipLines(1);
-    uint16_t speedUp = 0;
-    float hitPoints = 0;
-    reader.readLine(speedUp);
-    reader.readLine(hitPoints);
-    EXPECT_EQ(reader.line(), 4);
-    reader.skipToLine(11);
-    int32_t waveFrames = 0;
-    reader.readLine(waveFrames);
-    reader.skipToLine(14);
-    bool directed = false;
-    reader.readLine(directed);
-    EXPECT_TRUE(reader.good());
-    EXPECT_EQ(speedUp, 65);
-    EXPECT_FLOAT_EQ(hitPoints, 4.0f);
-    EXPECT_EQ(waveFrames, -40);
-    EXPECT_TRUE(directed);
 }
 
 TEST(MapReaderTest, AFailedReadLeavesThatValueAndAllLaterOnesAlone)

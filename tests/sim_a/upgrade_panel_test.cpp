@@ -1,8 +1,10 @@
-// The panel and the shard list own pictures, so these tests run with a hidden
-// GL window of the test backend. The pictures themselves are not needed: a
-// picture that can't be loaded leaves an empty texture.
+// The fair draw of upgrade kinds, and the panel. The panel and the shard list
+// own pictures: a hidden GL window of the test backend, without the pictures
+// (a missing one leaves an empty texture).
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <memory>
 
 #include "base/random.h"
@@ -13,6 +15,70 @@
 #include "support/scratch_dir.h"
 
 namespace {
+
+// How often each kind comes up over many draws from the same counts.
+std::map<int, int> tally(const uint16_t* generated, uint8_t first, uint8_t last, uint8_t spread,
+                         int draws)
+{
+    std::map<int, int> counts;
+    for (int i = 0; i < draws; ++i)
+        counts[chooseFairKind(generated, first, last, spread)] += 1;
+    return counts;
+}
+
+TEST(FairDraw, PermanentWeightsAreThreeTwoOneByLeadAndNoneAtTheSpread)
+{
+    seedRandom(1);
+    const uint16_t generated[12] = {4, 5, 6};
+    const auto counts = tally(generated, 0, 2, 3, 60000);
+    EXPECT_NEAR(counts.at(0) / 60000.0, 3 / 6.0, 0.01);
+    EXPECT_NEAR(counts.at(1) / 60000.0, 2 / 6.0, 0.01);
+    EXPECT_NEAR(counts.at(2) / 60000.0, 1 / 6.0, 0.01);
+
+    // A kind that leads by the spread can't come up.
+    const uint16_t leading[12] = {2, 5, 3};
+    const auto without = tally(leading, 0, 2, 3, 5000);
+    EXPECT_EQ(without.count(1), 0u);
+    EXPECT_NEAR(without.at(0) / 5000.0, 3 / 5.0, 0.03);
+    EXPECT_NEAR(without.at(2) / 5000.0, 2 / 5.0, 0.03);
+}
+
+
+TEST(FairDraw, TemporaryStartGivesKindSevenHalfTheWeight)
+{
+    seedRandom(3);
+    const uint16_t generated[12] = {0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0};
+    const auto counts = tally(generated, 6, 11, 2, 110000);
+    // Lists of 2 for each kind but 7, which has 1: eleven lots in all.
+    for (int kind = 6; kind <= 11; ++kind)
+        EXPECT_NEAR(counts.at(kind) / 110000.0, (kind == 7 ? 1 : 2) / 11.0, 0.006) << kind;
+}
+
+TEST(FairDraw, PicksTheListEntryOfTheDraw)
+{
+    // Kinds 0, 0, 0, 1, 1, 2 for counts 0, 1, 2: the draw indexes that list.
+    const uint16_t generated[12] = {0, 1, 2};
+    for (uint32_t seed = 1; seed < 40; ++seed) {
+        seedRandom(seed);
+        const int index = randomInt(0, 5);
+        seedRandom(seed);
+        const int expected = index < 3 ? 0 : index < 5 ? 1 : 2;
+        EXPECT_EQ(chooseFairKind(generated, 0, 2, 3), expected) << seed;
+    }
+}
+
+TEST(FairDraw, ThePermanentStatsRiseNearlyInStep)
+{
+    seedRandom(4);
+    uint16_t generated[12] = {};
+    for (int i = 0; i < 3000; ++i) {
+        generated[chooseFairKind(generated, 0, 2, 3)] += 1;
+        const int low = std::min({generated[0], generated[1], generated[2]});
+        const int high = std::max({generated[0], generated[1], generated[2]});
+        ASSERT_LE(high - low, 3);
+    }
+}
+
 
 class UpgradePanelTest : public ::testing::Test {
 protected:
@@ -105,6 +171,13 @@ TEST_F(UpgradePanelTest, PermanentComesDueStrictlyAboveOneFromTheHeadOfTheQueue)
     EXPECT_EQ(panel->permanent[0], second);
     EXPECT_EQ(panel->permanent[4]->slot, 5);
     EXPECT_EQ(panel->generated[0] + panel->generated[1] + panel->generated[2], before + 1);
+
+    // Both coming due in one frame are both reported.
+    panel->permanentProgress = 1.5f;
+    panel->temporaryProgress = 1.5f;
+    const UpgradeReport both = panel->update(1, 50);
+    EXPECT_NE(both.permanentKind, UPGRADE_NONE);
+    EXPECT_TRUE(both.temporaryMade);
 }
 
 TEST_F(UpgradePanelTest, TemporaryJoinsTheBackOfItsQueueAtItsLength)
@@ -122,15 +195,6 @@ TEST_F(UpgradePanelTest, TemporaryJoinsTheBackOfItsQueueAtItsLength)
         EXPECT_GE(upgrade->kind, 6);
         EXPECT_LE(upgrade->kind, 11);
     }
-}
-
-TEST_F(UpgradePanelTest, BothComingDueInOneFrameAreBothReported)
-{
-    panel->permanentProgress = 1.5f;
-    panel->temporaryProgress = 1.5f;
-    const UpgradeReport report = panel->update(1, 50);
-    EXPECT_NE(report.permanentKind, UPGRADE_NONE);
-    EXPECT_TRUE(report.temporaryMade);
 }
 
 TEST_F(UpgradePanelTest, RatesFollowTheShareAndTheResourceRate)
@@ -187,15 +251,10 @@ TEST_F(UpgradePanelTest, TemporaryQueueIsUsedOldestFirstAndSpecialsStartTheirTim
     panel->update(1, 50);
     EXPECT_EQ(panel->activeFlags() & 2, 0);
     EXPECT_EQ(panel->chainFrames, 899);
-}
 
-TEST_F(UpgradePanelTest, StackedTimersAreHeldAtTenThousand)
-{
-    panel->chainFrames = 12000;
-    panel->boostFrames = 0;
+    panel->chainFrames = 12000;  // stacked timers are held at ten thousand
     panel->update(1, 50);
     EXPECT_EQ(panel->chainFrames, 10000);
-    EXPECT_EQ(panel->boostFrames, 0);
 }
 
 TEST_F(UpgradePanelTest, ShardListFliesItsShardsAndDropsTheLanded)

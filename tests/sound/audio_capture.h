@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "sound/fmod.h"
+
 // Writes the OpenAL configuration and points ALSOFT_CONF at it. Must run
 // before the first OpenAL call of the process, since OpenAL reads its
 // configuration once; later calls do nothing.
@@ -40,3 +42,13 @@ void listen(double seconds, bool updateEachFrame = false);
 
 // The test .ogg files, copied to content/sound/ of the working directory.
 void copySoundFixtures();
+inline const char* const tonePath = "content/sound/tone.ogg";       // 0.4 s, mono
+inline const char* const highPath = "content/sound/tone_high.ogg";  // 0.4 s, mono
+inline const char* const loopPath = "content/sound/loop.ogg";       // 0.25 s, stereo
+
+inline bool isPlaying(FMOD_CHANNEL* channel)
+{
+    FMOD_BOOL playing = false;
+    FMOD_Channel_IsPlaying(channel, &playing);
+    return playing;
+}
