@@ -1,6 +1,5 @@
-// A game environment on the test backend for the field picture: a scratch
-// folder with the built content, a window of the chosen size, the programs,
-// the font, the ground and audio. The field is read back from the back
+// A game environment on the test backend for the field picture (a play
+// session at the chosen window size). The field is read back from the back
 // buffer's lower-left corner, where the picture is composed.
 #pragma once
 
@@ -9,9 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "support/play_session.h"
+
 class Level;
 class Player;
-class ScratchDir;
 
 constexpr int fieldWidth = 384;
 constexpr int fieldHeight = 512;
@@ -24,12 +24,9 @@ struct Rgb {
 class FieldWindow {
 public:
     FieldWindow(int width = 1000, int height = 600);
-    ~FieldWindow();
-    FieldWindow(const FieldWindow&) = delete;
-    FieldWindow& operator=(const FieldWindow&) = delete;
 
 private:
-    std::unique_ptr<ScratchDir> dir;
+    PlaySession session;
 };
 
 std::string mapPath(int number);
@@ -56,7 +53,3 @@ void emptyField(Level& level);
 int addEnemy(Level& level, float x, float y, float size);
 // Runs the bank until its row of n cannons stands (progress 100).
 void raiseCannons(Player& player, uint8_t n);
-
-// The back buffer's lower-left w x h as a PNG (through ImageMagick's convert
-// from a PPM), top row first; for looking at pictures.
-bool saveCornerPng(const std::string& path, int width, int height);

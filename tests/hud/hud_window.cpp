@@ -2,56 +2,14 @@
 
 #include <GL/glew.h>
 
-#include <cstdio>
-#include <vector>
-
-#include "base/random.h"
-#include "data/settings.h"
-#include "platform/glfw.h"
-#include "platform/testing/test_backend.h"
-#include "render/generated_textures.h"
-#include "render/primitives.h"
-#include "render/shaders.h"
-#include "render/text.h"
 #include "shell/window.h"
 #include "sim/cannon_bank.h"
 #include "sim/player.h"
 #include "sim/upgrade_panel.h"
-#include "sound/sound.h"
-#include "support/play_session.h"
-#include "support/scratch_dir.h"
 
 HudWindow::HudWindow(int width, int height)
 {
-    dir = std::make_unique<ScratchDir>();
-    linkBuiltContent();
-    forgetCachedVolumes();
-    testBackend::reset();
-    glfwInit();
-    desktopWidth = 1920;
-    desktopHeight = 1080;
-    setResolution(static_cast<uint16_t>(width), static_cast<uint16_t>(height));
-    openDisplayWindow(false);
-    glewInit();
-    initAudio();
-    loadBasicProgram();
-    loadShaders(nullptr);
-    loadFont();
-    loadPanelButtonTexture();
-    createScreenTexture();
-    seedRandom(1);
-    generateTextures(nullptr);
-    setOrtho(800, 600);
-}
-
-HudWindow::~HudWindow()
-{
-    freeSurfaceData();
-    deletePanelButtonTexture();
-    deleteFont();
-    deleteScreenTextures();
-    shutdownAudio();
-    glfwTerminate();
+    session.open(1, static_cast<uint16_t>(width), static_cast<uint16_t>(height));
 }
 
 std::string HudWindow::mapPath() const
@@ -65,20 +23,6 @@ Pixel pixelAt(int x, int yFromTop)
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(x, windowHeight - 1 - yFromTop, 1, 1, GL_RGB, GL_UNSIGNED_BYTE, rgb);
     return Pixel{rgb[0], rgb[1], rgb[2]};
-}
-
-bool saveFramePpm(const std::string& path)
-{
-    const int w = windowWidth, h = windowHeight;
-    std::vector<unsigned char> rgb(static_cast<size_t>(w) * h * 3);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, w, h, GL_RGB, GL_UNSIGNED_BYTE, rgb.data());
-    FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    std::fprintf(file, "P6\n%d %d\n255\n", w, h);
-    for (int row = h - 1; row >= 0; row--)  // GL rows count from the bottom
-        std::fwrite(&rgb[static_cast<size_t>(row) * w * 3], 1, static_cast<size_t>(w) * 3, file);
-    return std::fclose(file) == 0;
 }
 
 uint32_t makeFlatTexture(uint8_t r, uint8_t g, uint8_t b, uint8_t a)

@@ -1,15 +1,14 @@
 // A game environment on the test backend at a chosen window size, for the
-// HUD's pictures: scratch folder with the built content, the window, the
-// programs, the font, the ground and audio. Pixels are read back from the back
-// buffer; frames can be saved to look at.
+// HUD's pictures (a play session). Pixels are read back from the back buffer.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <string>
 
+#include "support/play_session.h"
+
 class Player;
-class ScratchDir;
 
 struct Pixel {
     uint8_t r = 0, g = 0, b = 0;
@@ -19,21 +18,15 @@ struct Pixel {
 class HudWindow {
 public:
     HudWindow(int width, int height);
-    ~HudWindow();
-    HudWindow(const HudWindow&) = delete;
-    HudWindow& operator=(const HudWindow&) = delete;
 
     std::string mapPath() const;
 
 private:
-    std::unique_ptr<ScratchDir> dir;
+    PlaySession session;
 };
 
 // The back buffer's pixel, counted from the window's top left.
 Pixel pixelAt(int x, int yFromTop);
-// The whole back buffer as a binary PPM, top row first (ImageMagick's
-// `convert` turns it into a PNG to look at).
-bool saveFramePpm(const std::string& path);
 
 // A 1 x 1 texture of one colour; alpha 0 makes it invisible.
 uint32_t makeFlatTexture(uint8_t r, uint8_t g, uint8_t b, uint8_t a);
