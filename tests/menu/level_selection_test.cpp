@@ -89,23 +89,13 @@ TEST(UnlockRule, AFirstMapThatNeedsPointsLocksTheWholeCampaign)
 
 namespace {
 
-class LevelSelection : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        session.open();
-        // A slow machine: the clock leaves out most drawing, which the loop's
-        // rules don't depend on, and the tests run faster.
-        testBackend::setFrameCost(0.05);
-    }
-    PlaySession session;
-};
+class LevelSelection : public SlowMenuTest {};
 
 }  // namespace
 
 TEST_F(LevelSelection, AnEarnedMapCanBeChosenAndStartsWithItsPath)
 {
-    saveStageScore(1, 325);  // the par of map 1: 100 points open map 2 (55), not map 3 (110)
+    saveStageScore(1, 325);  // most of map 1's par: the points open map 2, not map 3
     MenuScript script;
     script.press(GLFW_KEY_DOWN);
     script.press(GLFW_KEY_ENTER);

@@ -15,17 +15,7 @@ namespace {
 
 using Pages = std::vector<MenuPage>;
 
-class MenuLoop : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        session.open();
-        // A slow machine: the clock leaves out most drawing, which the loop's
-        // rules don't depend on, and the tests run faster.
-        testBackend::setFrameCost(0.05);
-    }
-    PlaySession session;
-};
+class MenuLoop : public SlowMenuTest {};
 
 }  // namespace
 

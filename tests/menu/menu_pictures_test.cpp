@@ -60,7 +60,7 @@ TEST_F(MenuPictures, TheMainPageShowsTitleButtonsAndMarker)
 
 TEST_F(MenuPictures, LockedMapsAreRedAndBarsRunFromRedToGreen)
 {
-    saveStageScore(1, 400);  // above the par of 325: 100 points, a full green bar
+    saveStageScore(1, 400);  // above the par of map 1: 100 points, a full green bar
     saveStageScore(2, 200);  // half the par of 400: 50 points, a yellow bar half as long
     MenuScript script;       // 150 points open maps 1 to 3
     shootAfter(script, 60);

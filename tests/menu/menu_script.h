@@ -2,6 +2,8 @@
 // one is seen once and let go before the next, counted in rounds of the loop.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 #include "platform/glfw.h"
@@ -59,4 +61,16 @@ struct Screenshot {
 
     std::string bytes;
     int width = 0, height = 0, rowBytes = 0;
+};
+
+// A game environment for a menu, on a slow machine: the clock leaves out most
+// drawing, which the loop's rules don't depend on, and the tests run faster.
+class SlowMenuTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        session.open();
+        testBackend::setFrameCost(0.05);
+    }
+    PlaySession session;
 };
