@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -54,4 +55,16 @@ std::vector<unsigned char> flipRows(const unsigned char* pixels, uint32_t width,
     for (uint32_t y = 0; y < height; ++y)
         std::copy(pixels + y * rowBytes, pixels + (y + 1) * rowBytes, flipped.begin() + (height - 1 - y) * rowBytes);
     return flipped;
+}
+
+int writeGeneratedPicture(const RgbaPicture& picture, const char* folder, const char* name,
+                          const char* tool)
+{
+    std::string error;
+    const std::string path = std::string(folder) + "/" + name + ".png";
+    if (!writePng(path, picture, &error)) {
+        std::fprintf(stderr, "%s: %s: %s\n", tool, path.c_str(), error.c_str());
+        return 1;
+    }
+    return 0;
 }

@@ -20,6 +20,10 @@ struct RgbaPicture {
 // RGBA. On failure returns false and puts the reason in error.
 bool readPng(const std::string& path, RgbaPicture& picture, std::string* error);
 bool writePng(const std::string& path, const RgbaPicture& picture, std::string* error);
+// For the picture generators: writes folder/name.png; on failure prints one
+// line as the generator `tool` and returns the exit code 1, else 0.
+int writeGeneratedPicture(const RgbaPicture& picture, const char* folder, const char* name,
+                          const char* tool);
 
 // The same pixels with the rows in the other order.
 std::vector<unsigned char> flipRows(const unsigned char* pixels, uint32_t width, uint32_t height);

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "png_io.h"
+#include "supersampling.h"
 
 namespace {
 
@@ -42,12 +42,8 @@ double signedDistance(Point p)
     return inside ? -nearest : nearest;
 }
 
-struct Colour {
-    double r, g, b, a;
-};
-
 // Colour of one sample, before coverage is averaged.
-Colour sampleAt(Point p)
+SampleColour sampleAt(Point p)
 {
     double d = signedDistance(p);
     if (d < -2.5) {
@@ -70,30 +66,6 @@ int main(int argc, char** argv)
     }
     const int size = 64, samples = 4;
     RgbaPicture picture(size, size);
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) {
-            Colour sum = {0, 0, 0, 0};  // premultiplied
-            for (int sy = 0; sy < samples; ++sy) {
-                for (int sx = 0; sx < samples; ++sx) {
-                    Colour c = sampleAt({x + (sx + 0.5) / samples, y + (sy + 0.5) / samples});
-                    sum = {sum.r + c.r * c.a, sum.g + c.g * c.a, sum.b + c.b * c.a, sum.a + c.a};
-                }
-            }
-            unsigned char* pixel = picture.at(x, y);
-            double alpha = sum.a / (samples * samples);
-            if (sum.a > 0) {
-                pixel[0] = static_cast<unsigned char>(std::lround(sum.r / sum.a));
-                pixel[1] = static_cast<unsigned char>(std::lround(sum.g / sum.a));
-                pixel[2] = static_cast<unsigned char>(std::lround(sum.b / sum.a));
-            }
-            pixel[3] = static_cast<unsigned char>(std::lround(alpha * 255));
-        }
-    }
-    std::string error;
-    std::string path = std::string(argv[1]) + "/arrow.png";
-    if (!writePng(path, picture, &error)) {
-        fprintf(stderr, "gen_arrow: %s: %s\n", path.c_str(), error.c_str());
-        return 1;
-    }
-    return 0;
+    supersample(picture, samples, [](double x, double y) { return sampleAt({x, y}); });
+    return writeGeneratedPicture(picture, argv[1], "arrow", "gen_arrow");
 }

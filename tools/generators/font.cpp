@@ -197,11 +197,5 @@ int main(int argc, char** argv)
     FT_Done_FreeType(library);
     softenEdges(picture);
 
-    const std::string path = std::string(argv[1]) + "/font.png";
-    std::string error;
-    if (!writePng(path, picture, &error)) {
-        std::fprintf(stderr, "gen_font: %s: %s\n", path.c_str(), error.c_str());
-        return 1;
-    }
-    return 0;
+    return writeGeneratedPicture(picture, argv[1], "font", "gen_font");
 }

@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <string>
 
-#include "png_io.h"
+#include "supersampling.h"
 
 namespace {
 
@@ -25,10 +25,6 @@ const double windowRing = 15.0;  // where the six round windows sit
 const double windowRadius = 4.2;
 const double holeRadius = 3.2;
 
-struct Colour {
-    double r, g, b, a;
-};
-
 // Outer edge at the angle a: flat-topped teeth with sloped flanks.
 double outlineRadius(double a)
 {
@@ -39,7 +35,7 @@ double outlineRadius(double a)
     return rootRadius + (tipRadius - rootRadius) * t;
 }
 
-Colour sampleAt(double x, double y)
+SampleColour sampleAt(double x, double y)
 {
     double dx = x - centre, dy = y - centre;
     double r = std::hypot(dx, dy);
@@ -72,29 +68,6 @@ int main(int argc, char** argv)
     }
     const int samples = 4;
     RgbaPicture picture(size, size);
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) {
-            Colour sum = {0, 0, 0, 0};  // premultiplied
-            for (int sy = 0; sy < samples; ++sy) {
-                for (int sx = 0; sx < samples; ++sx) {
-                    Colour c = sampleAt(x + (sx + 0.5) / samples, y + (sy + 0.5) / samples);
-                    sum = {sum.r + c.r * c.a, sum.g + c.g * c.a, sum.b + c.b * c.a, sum.a + c.a};
-                }
-            }
-            unsigned char* pixel = picture.at(x, y);
-            if (sum.a > 0) {
-                pixel[0] = static_cast<unsigned char>(std::lround(std::min(255.0, sum.r / sum.a)));
-                pixel[1] = static_cast<unsigned char>(std::lround(std::min(255.0, sum.g / sum.a)));
-                pixel[2] = static_cast<unsigned char>(std::lround(std::min(255.0, sum.b / sum.a)));
-            }
-            pixel[3] = static_cast<unsigned char>(std::lround(sum.a / (samples * samples) * 255));
-        }
-    }
-    std::string error;
-    std::string path = std::string(argv[1]) + "/gear.png";
-    if (!writePng(path, picture, &error)) {
-        fprintf(stderr, "gen_gear: %s: %s\n", path.c_str(), error.c_str());
-        return 1;
-    }
-    return 0;
+    supersample(picture, samples, sampleAt);
+    return writeGeneratedPicture(picture, argv[1], "gear", "gen_gear");
 }
