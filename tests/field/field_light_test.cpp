@@ -16,6 +16,7 @@
 #include "sim/cannon_bank.h"
 #include "sim/level.h"
 #include "sim/player.h"
+#include "support/drawing_state.h"
 
 namespace {
 
@@ -240,22 +241,9 @@ TEST_F(FieldLight, LeavesTheCommonDrawingState)
     player->enemyDisturbCharge = 50;
     player->drawField();
 
-    GLint value = 0;
-    glGetIntegerv(GL_CURRENT_PROGRAM, &value);
-    EXPECT_EQ(static_cast<GLuint>(value), basicProgram);
-    EXPECT_FALSE(glIsEnabled(GL_STENCIL_TEST));
-    EXPECT_TRUE(glIsEnabled(GL_BLEND));
-    glGetIntegerv(GL_BLEND_SRC, &value);
-    EXPECT_EQ(value, GL_SRC_ALPHA);
-    glGetIntegerv(GL_BLEND_DST, &value);
-    EXPECT_EQ(value, GL_ONE_MINUS_SRC_ALPHA);
-    glGetIntegerv(GL_ACTIVE_TEXTURE, &value);
-    EXPECT_EQ(value, GL_TEXTURE0);
+    expectCommonDrawingState();
     GLboolean mask[4] = {};
     glGetBooleanv(GL_COLOR_WRITEMASK, mask);
     EXPECT_TRUE(mask[0] && mask[1] && mask[2] && mask[3]);
-    GLfloat colour[4] = {};
-    glGetFloatv(GL_CURRENT_COLOR, colour);
-    EXPECT_EQ(colour[0] + colour[1] + colour[2] + colour[3], 4.0f);
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }

@@ -20,6 +20,7 @@
 #include "render/text.h"
 #include "shell/startup.h"
 #include "shell/window.h"
+#include "support/drawing_state.h"
 #include "support/scratch_dir.h"
 
 namespace fs = std::filesystem;
@@ -48,22 +49,10 @@ std::vector<std::string> splitLines(const std::string& text)
 // The state between drawing routines; after start-up also screen space.
 void expectDrawingState(bool screenSpace)
 {
+    expectCommonDrawingState();
     GLint value = 0;
-    glGetIntegerv(GL_CURRENT_PROGRAM, &value);
-    EXPECT_EQ(static_cast<GLuint>(value), basicProgram);
-    EXPECT_TRUE(glIsEnabled(GL_BLEND));
-    EXPECT_FALSE(glIsEnabled(GL_STENCIL_TEST));
-    glGetIntegerv(GL_BLEND_SRC, &value);
-    EXPECT_EQ(value, GL_SRC_ALPHA);
-    glGetIntegerv(GL_BLEND_DST, &value);
-    EXPECT_EQ(value, GL_ONE_MINUS_SRC_ALPHA);
-    glGetIntegerv(GL_ACTIVE_TEXTURE, &value);
-    EXPECT_EQ(value, GL_TEXTURE0);
     glGetIntegerv(GL_MATRIX_MODE, &value);
     EXPECT_EQ(value, GL_MODELVIEW);
-    GLfloat colour[4];
-    glGetFloatv(GL_CURRENT_COLOR, colour);
-    EXPECT_EQ(colour[0] + colour[1] + colour[2] + colour[3], 4.0f);
     if (screenSpace) {
         GLfloat projection[16];
         glGetFloatv(GL_PROJECTION_MATRIX, projection);
