@@ -32,7 +32,6 @@ void drawPercentBar(float percent, float rightEnd, float y)
 void Menu::showLevelSelectionPage()
 {
     beginPage(MenuPage::LevelSelection);
-    unlockedMaps = 0;
     const uint16_t total = totalUnlockPoints();
     unlockedMaps = countOpenMaps(total);
 

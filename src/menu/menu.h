@@ -107,6 +107,7 @@ private:
     void showResolutionPage();
     void showWindowTypePage();
     void showTutorialPage();
+    void showTwoChoicePage(MenuPage choicePage, const char* first, const char* second);
     void showMusicVolumePage();
     void showSoundVolumePage();
     void showVolumeList(MenuPage volumePage);

@@ -129,16 +129,19 @@ void Menu::activateResolution(bool escape, FrameClock& clock)
     showSettingsPage();
 }
 
-void Menu::showWindowTypePage()
+// The window type and tutorial pages: two choices and "Cancel".
+void Menu::showTwoChoicePage(MenuPage choicePage, const char* first, const char* second)
 {
-    beginPage(MenuPage::WindowType);
+    beginPage(choicePage);
     const float c = static_cast<float>(virtualWidth / 2);
-    buttons->addButton("Windowed", c, 160, 30, 1, false);
-    buttons->addButton("Fullscreen", c, 210, 30, 1, false);
+    buttons->addButton(first, c, 160, 30, 1, false);
+    buttons->addButton(second, c, 210, 30, 1, false);
     buttons->addButton("Cancel", c, 290, 30, 1, false);
     finishPage();
     captureScreenSlot(2);
 }
+
+void Menu::showWindowTypePage() { showTwoChoicePage(MenuPage::WindowType, "Windowed", "Fullscreen"); }
 
 void Menu::activateWindowType(bool escape, FrameClock& clock)
 {
@@ -153,16 +156,7 @@ void Menu::activateWindowType(bool escape, FrameClock& clock)
     showSettingsPage();
 }
 
-void Menu::showTutorialPage()
-{
-    beginPage(MenuPage::Tutorial);
-    const float c = static_cast<float>(virtualWidth / 2);
-    buttons->addButton("Enable", c, 160, 30, 1, false);
-    buttons->addButton("Disable", c, 210, 30, 1, false);
-    buttons->addButton("Cancel", c, 290, 30, 1, false);
-    finishPage();
-    captureScreenSlot(2);
-}
+void Menu::showTutorialPage() { showTwoChoicePage(MenuPage::Tutorial, "Enable", "Disable"); }
 
 void Menu::activateTutorial(bool escape)
 {
