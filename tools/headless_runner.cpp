@@ -8,19 +8,14 @@
 // The policies are told in runner_policies.h; tools/balance_report.sh plays
 // every map with them and writes docs/balance.md.
 //
-// The rounds follow the Game's order: the left Player, the right one, the
-// exchange of disturbance charges, the end check, and the 500 rounds of the
-// closing phase in which both sides go on. A script holds lines "ROUND KEY
+// The rounds follow the Game's order (rules_match.h), with no GL context and
+// no X server. A script holds lines "ROUND KEY
 // down|up" (KEY a character such as 3, Q, S, W) and "ROUND click X Y" (a
 // left click held for one round at window pixel X, Y), applied as the test
 // backend applies scripted input.
-#include <GL/glew.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -35,6 +30,7 @@
 #include "sim/player.h"
 #include "sim/upgrade_panel.h"
 
+#include "rules_match.h"
 #include "runner_policies.h"
 
 namespace {
@@ -75,52 +71,6 @@ void watch(Player& player, SideStats& stats)
         stats.bestCombo = player.combo;
 }
 
-bool loadScript(const std::string& path)
-{
-    std::ifstream in(path);
-    if (!in) {
-        std::fprintf(stderr, "Couldn't read the script '%s'\n", path.c_str());
-        return false;
-    }
-    std::string line;
-    int lineNumber = 0;
-    while (std::getline(in, line)) {
-        ++lineNumber;
-        std::istringstream words(line);
-        unsigned round;
-        std::string what;
-        if (line.empty() || line[0] == '#')
-            continue;
-        if (!(words >> round >> what)) {
-            std::fprintf(stderr, "%s:%d: expected ROUND KEY down|up or ROUND click X Y\n",
-                         path.c_str(), lineNumber);
-            return false;
-        }
-        if (what == "click") {
-            int x, y;
-            if (!(words >> x >> y)) {
-                std::fprintf(stderr, "%s:%d: a click needs X and Y\n", path.c_str(), lineNumber);
-                return false;
-            }
-            testBackend::mouseMoveAt(round, x, y);
-            testBackend::mouseButtonAt(round, GLFW_MOUSE_BUTTON_LEFT, true);
-            testBackend::mouseButtonAt(round + 1, GLFW_MOUSE_BUTTON_LEFT, false);
-            continue;
-        }
-        std::string state;
-        words >> state;
-        if (what.size() != 1 || (state != "down" && state != "up")) {
-            std::fprintf(stderr, "%s:%d: expected ROUND KEY down|up\n", path.c_str(), lineNumber);
-            return false;
-        }
-        int key = static_cast<unsigned char>(what[0]);
-        if (key >= 'a' && key <= 'z')
-            key -= 'a' - 'A';
-        testBackend::keyAt(round, key, state == "down");
-    }
-    return true;
-}
-
 void printSide(const char* name, const Player& player, const SideStats& stats)
 {
     size_t enemiesLeft = 0;
@@ -145,44 +95,24 @@ void printSide(const char* name, const Player& player, const SideStats& stats)
 bool playOne(const Options& options, int map, int mode)
 {
     static const char* const modeNames[3] = {"stage", "survival", "versus"};
-    testBackend::reset();
-    glfwInit();
-    if (!glfwOpenWindow(800, 600, 8, 8, 8, 8, 0, 8, GLFW_WINDOW)) {
-        std::fprintf(stderr, "Couldn't open the test window\n");
-        std::exit(1);
-    }
-    glewInit();  // a Player draws its "Speed up!" sign when it is made
-    setScreenSize(800, 600);
-    if (!options.script.empty() && !loadScript(options.script))
+    openHeadlessTable(options.seed);
+    if (!options.script.empty() && !loadInputScript(options.script))
         std::exit(2);
-    seedRandom(options.seed);
 
     std::string path = "content/maps/map" + std::to_string(map) + ".txt";
-    bool survival = mode != 0;
-    Player* left = new Player(mode == 2 ? 1 : 0, survival, path.c_str(), map);
-    Player* right = mode == 2 ? new Player(2, true, path.c_str(), map) : nullptr;
+    RulesMatch* match = new RulesMatch(static_cast<MatchMode>(mode), path, map);
+    Player* left = match->left;
+    Player* right = match->right;
     SideStats leftStats, rightStats;
     PolicyMemory memory;
-
-    uint32_t round = 0;
-    uint8_t endMessage = 0;
-    uint32_t endRound = 0;
-    uint16_t fadeCountdown = 500;
-    bool capped = false;
-    while (fadeCountdown > 0) {
-        round += 1;
-        glfwPollEvents();  // the scripted input of this round
+    for (bool going = true; going;) {
+        uint32_t round = match->round + 1;
         pressPolicyKeys(options.policy, *left, round, memory);
         if (right && options.policy != idlePolicy)
             clickSimplePolicy(*right, round);  // the mouse side plays simple
         size_t leftQueue = left->bank->panel->temporary.size();
         size_t rightQueue = right ? right->bank->panel->temporary.size() : 0;
-        left->update();
-        if (right) {
-            right->update();
-            left->enemyDisturbCharge = static_cast<uint8_t>(right->disturbCharge);
-            right->enemyDisturbCharge = static_cast<uint8_t>(left->disturbCharge);
-        }
+        going = match->playRound(options.maxRounds);
         // A use shows as a queue that got shorter (nothing else shortens it).
         leftStats.upgradesUsed += left->bank->panel->temporary.size() < leftQueue;
         if (right)
@@ -190,39 +120,19 @@ bool playOne(const Options& options, int map, int mode)
         watch(*left, leftStats);
         if (right)
             watch(*right, rightStats);
-
-        if (endMessage == 0) {
-            if (!right) {
-                endMessage = left->endCode();
-            } else if (left->endCode() == 3) {
-                right->concede();
-                endMessage = 6;
-            } else if (right->endCode() == 3) {
-                left->concede();
-                endMessage = 5;
-            }
-            if (endMessage != 0)
-                endRound = round;
-            else if (round >= options.maxRounds) {
-                capped = true;
-                break;
-            }
-        } else {
-            fadeCountdown -= 1;
-        }
     }
 
+    bool capped = match->capped;
     std::printf("map %d %s seed %u policy %s: %s after %u rounds, endMessage %u\n", map,
                 modeNames[mode], options.seed, policyName(options.policy),
-                capped ? "capped" : "ended", capped ? round : endRound, endMessage);
+                capped ? "capped" : "ended", capped ? match->round : match->endRound,
+                match->endMessage);
     printSide(right ? "left " : "player", *left, leftStats);
     if (right)
         printSide("right", *right, rightStats);
     std::fflush(stdout);
-    delete left;  // a one-player game stores its score here, as in the game
-    delete right;
-    glfwCloseWindow();
-    glfwTerminate();
+    delete match;  // a one-player game stores its score here, as in the game
+    closeHeadlessTable();
     return !capped;
 }
 

@@ -49,6 +49,8 @@ void createNearestTexture(uint32_t* textureName) { createTexture(textureName, GL
 
 void loadTexture(uint32_t* textureName, const char* name)
 {
+    // Without a GL context (the rules played headless) there is nothing to fill.
+    if (!glGetString(GL_VERSION)) return;
     createLinearTexture(textureName);
     uint16_t width = 0, height = 0;
     unsigned char* pixels = loadImage(name, &width, &height);

@@ -12,4 +12,5 @@ void createLinearTexture(uint32_t* textureName);
 void createNearestTexture(uint32_t* textureName);
 
 // createLinearTexture, then the picture's pixels when it loads. Stays bound.
+// Without a current GL context it does nothing and the name stays as it was.
 void loadTexture(uint32_t* textureName, const char* name);

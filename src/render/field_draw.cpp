@@ -79,6 +79,9 @@ void lightQuad()
 
 void Player::createFieldTextures()
 {
+    // Without a GL context (the rules played headless) they wait for the
+    // first drawn frame.
+    if (!glGetString(GL_VERSION)) return;
     createLinearTexture(&sceneTexture);
     glTexImage2D(GL_TEXTURE_2D, 0, 3, surfaceSize, surfaceSize, 0, GL_RGB, GL_UNSIGNED_BYTE,
                  surfaceData);
@@ -95,6 +98,7 @@ void Player::deleteFieldTextures()
 
 void Player::drawField()
 {
+    if (fieldTexture == 0) createFieldTextures();
     glColor4f(1, 1, 1, 1);
     glViewport(0, 0, fieldWidth, fieldHeight);
     setOrtho(fieldWidth, fieldHeight);

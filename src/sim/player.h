@@ -90,7 +90,8 @@ private:
     void bookKill(float x, float y, float size, int pass);
     void readInput();
     void chargeDisturbance();
-    // Made and freed with the field picture (src/render/).
+    // Made and freed with the field picture (src/render/): at once where a GL
+    // context is current, else on the first drawn frame.
     void createFieldTextures();
     void deleteFieldTextures();
 };

@@ -74,6 +74,12 @@ void watchFrames(FrameWatcher watcher);
 void setVideoModes(const std::vector<GLFWvidmode>& modesSmallestFirst);
 void setDesktopMode(const GLFWvidmode& mode);
 
+// Windows without a display: until reset(), glfwOpenWindow opens a pretend
+// window with no GL context and needs no X server. Time, rounds and scripted
+// input work as with a real one; nothing can be drawn. For the rules played
+// headless (rule tests, the headless runner).
+void openWindowsWithoutDisplay(bool on);
+
 // Failures to arm
 void failInit(bool fail);
 void failOpenWindow(bool fail);

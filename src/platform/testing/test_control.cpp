@@ -118,6 +118,8 @@ void reset()
     s.desktop = s.modes.back();
 }
 
+void openWindowsWithoutDisplay(bool on) { state().withoutDisplay = on; }
+
 void setFrameCost(double seconds) { state().frameCost = seconds; }
 void advanceTime(double seconds) { state().clock += seconds; }
 double now() { return state().clock; }

@@ -49,6 +49,7 @@ struct BackendState {
     bool initialized = false;
     bool accelerated = false;
     bool forceFrameRestore = false;
+    bool withoutDisplay = false;  // windows are pretend ones, without GL
     OpenHints hints;
     WindowRecord record;
     BackBufferKeeper backBufferKeeper;

@@ -55,11 +55,13 @@ int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBi
         windowRequestFor27(width, height, redBits, greenBits, blueBits, alphaBits, depthBits,
                            stencilBits, hints.fsaaSamples, hints.noResize);
     request.visible = false;
-    if (!glfw3Bridge::init() || !glfw3Bridge::openWindow(request)) {
-        return 0;
+    if (!s.withoutDisplay) {
+        if (!glfw3Bridge::init() || !glfw3Bridge::openWindow(request)) {
+            return 0;
+        }
+        glfw3Bridge::setSwapInterval(0);  // virtual time: never wait for a display
     }
-    glfw3Bridge::setSwapInterval(0);  // virtual time: never wait for a display
-    s.accelerated = currentContextIsAccelerated();
+    s.accelerated = !s.withoutDisplay && currentContextIsAccelerated();
     // Without real swaps the back buffer always keeps its frame; the save and
     // restore runs only where a test asks for it.
     s.backBufferKeeper.setNeeded(s.forceFrameRestore);
@@ -108,6 +110,11 @@ void glfwGetWindowSize(int* width, int* height)
 {
     if (!state().record.open) {
         return;  // as 2.7: the arguments stay as they were
+    }
+    if (state().withoutDisplay) {
+        *width = state().record.requestedWidth;
+        *height = state().record.requestedHeight;
+        return;
     }
     glfw3Bridge::getSize(width, height);
 }
