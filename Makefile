@@ -29,9 +29,10 @@ check: build
 install: build
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)"
 
-# Removes what the last install listed in $(BUILD)/install_manifest.txt.
+# Removes what the last install listed in $(BUILD)/install_manifest.txt
+# (give the same DESTDIR as to the install).
 uninstall:
-	cmake --build $(BUILD) --target uninstall
+	DESTDIR="$(DESTDIR)" cmake --build $(BUILD) --target uninstall
 
 clean:
 	rm -rf $(BUILD)

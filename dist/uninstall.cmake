@@ -1,12 +1,14 @@
 # Removes what the last install from this build put in place, as its manifest
-# lists it (DESTDIR included), and then the game's own folders once they are
-# empty. Shared folders (share/icons/hicolor/..., share/man/man6) stay.
-#   cmake -DMANIFEST=build/install_manifest.txt -P dist/uninstall.cmake
+# lists it, under the same DESTDIR as the install, and then the game's own
+# folders once they are empty. Shared folders (share/icons/hicolor/...,
+# share/man/man6) stay.
+#   [DESTDIR=...] cmake -DMANIFEST=build/install_manifest.txt -P dist/uninstall.cmake
 if(NOT EXISTS "${MANIFEST}")
     message(FATAL_ERROR "No install manifest at ${MANIFEST}: nothing was installed from this build")
 endif()
 file(STRINGS "${MANIFEST}" installed)
-foreach(path ${installed})
+foreach(listed ${installed})
+    set(path "$ENV{DESTDIR}${listed}")
     if(EXISTS "${path}" OR IS_SYMLINK "${path}")
         message(STATUS "Removing ${path}")
         file(REMOVE "${path}")
