@@ -49,6 +49,7 @@ TEST(CommandLine, EachOptionItsValuesAndEveryWayToGetItWrong)
         {{"--resolution", "800x8193"}, "error: bad resolution '800x8193'"},
         {{"--resolution", "800"}, "error: bad resolution '800'"},
         {{"--resolution", "800x600x"}, "error: bad resolution"},
+        {{"--resolution", "4294967808x600"}, "error: bad resolution"},  // 2^32 + 512
         {{"--resolution", "+800x600"}, "error: bad resolution"},
         {{"--resolution", "x600"}, "error: bad resolution"},
         {{"--resolution"}, "error: --resolution needs a value: --resolution WxH"},
@@ -74,11 +75,12 @@ TEST(PlayerFolder, MadeOnFirstStartWithTheContentLinkedAndThePlayersFilesKept)
 {
     ScratchDir scratch;
     const fs::path root = scratch.path();
-    // An install, and the folder a player has used with an older install.
+    // An install (with a developer's files in it, as a build's content has),
+    // and the folder a player has used with an older install.
     fs::create_directories(root / "prefix/lib/gorvan");
     fs::create_directories(root / "prefix/share/gorvan/content/maps");
-    writeFileBytes((root / "prefix/share/gorvan/content/images.sfa").string(), "pictures");
-    writeFileBytes((root / "prefix/share/gorvan/content/settings.dat").string(), "not yours");
+    for (const char* name : {"images.sfa", "settings.dat", "scores.dat", "fps.dat"})
+        writeFileBytes((root / "prefix/share/gorvan/content" / name).string(), "installed");
     fs::create_directories(root / "player/content");
     writeFileBytes((root / "player/content/scores.dat").string(), "best");
     fs::create_directory_symlink(root / "old/maps", root / "player/content/maps");
@@ -93,7 +95,9 @@ TEST(PlayerFolder, MadeOnFirstStartWithTheContentLinkedAndThePlayersFilesKept)
     EXPECT_EQ(fs::read_symlink("content/images.sfa"), root / "prefix/share/gorvan/content/images.sfa");
     EXPECT_EQ(fs::read_symlink("content/maps"), root / "prefix/share/gorvan/content/maps");
     EXPECT_FALSE(fs::exists(fs::symlink_status("content/settings.dat")));
+    EXPECT_FALSE(fs::exists(fs::symlink_status("content/fps.dat")));
     EXPECT_EQ(readFileBytes("content/scores.dat"), "best");
+    EXPECT_FALSE(fs::is_symlink("content/scores.dat"));
     EXPECT_TRUE(fs::is_directory("screenshots"));
 
     EXPECT_FALSE(enterPlayerFolder("/proc/gorvan", content, &reason));
