@@ -4,6 +4,12 @@
 //   headless_runner [--map N | --all] [--mode stage|survival|versus|all]
 //                   [--seed S] [--policy idle|cannons|simple|smart] [--script FILE]
 //                   [--max-rounds R] [--run-dir DIR]
+//   headless_runner --replay FILE [--run-dir DIR]
+//
+// With --replay it plays a recorded game (a .gorvanreplay) to its end and
+// prints its final score and end code, as `gorvan --replay` does in the
+// window: exit 0 when they are the recorded ones, 1 when not, 2 for a file
+// it can't play.
 //
 // The policies are told in runner_policies.h; tools/balance_report.sh plays
 // every map with them and writes docs/balance.md.
@@ -21,8 +27,11 @@
 #include <vector>
 
 #include "base/random.h"
+#include "data/map_file.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
+#include "replay/replay_checks.h"
+#include "replay/tape_ends.h"
 #include "shell/window.h"
 #include "sim/cannon_bank.h"
 #include "sim/level.h"
@@ -43,6 +52,7 @@ struct Options {
     Policy policy = simplePolicy;
     std::string script;
     uint32_t maxRounds = 300000;
+    std::string replay;
 };
 
 // What the runner counts for one side; the Player keeps no such totals.
@@ -136,6 +146,26 @@ bool playOne(const Options& options, int map, int mode)
     return !capped;
 }
 
+// A recorded game played again to its end; the exit code as told above.
+int playReplay(const std::string& name, const Replay& replay)
+{
+    if (!checkReplayMap(name, replay)) return 2;
+    openHeadlessTable(replay.randomState, replay.windowWidth, replay.windowHeight);
+    uint32_t scores[2] = {0, 0};
+    uint8_t endCode = 0;
+    {
+        ReplayPlayback playback(replay, false);
+        RulesMatch match(static_cast<MatchMode>(replay.mode), mapFilePath(replay.mapNumber),
+                         replay.mapNumber);
+        playReplayedGame(match, replay, playback);
+        scores[0] = match.left->score;
+        scores[1] = match.right ? match.right->score : 0;
+        endCode = match.endMessage;
+    }  // the Players go while the playback still holds the scores: nothing is stored
+    closeHeadlessTable();
+    return reportOutcome(replay, scores, endCode) ? 0 : 1;
+}
+
 bool parse(int argc, char** argv, Options& options, std::string& runDir)
 {
     for (int i = 1; i < argc; ++i) {
@@ -162,13 +192,15 @@ bool parse(int argc, char** argv, Options& options, std::string& runDir)
             options.script = argv[++i];
         } else if (arg == "--max-rounds" && hasValue) {
             options.maxRounds = static_cast<uint32_t>(std::strtoul(argv[++i], nullptr, 10));
+        } else if (arg == "--replay" && hasValue) {
+            options.replay = argv[++i];
         } else if (arg == "--run-dir" && hasValue) {
             runDir = argv[++i];
         } else {
             return false;
         }
     }
-    return options.allMaps || (options.map >= 1 && options.map <= 20);
+    return options.allMaps || (options.map >= 1 && options.map <= 20) || !options.replay.empty();
 }
 
 }  // namespace
@@ -181,13 +213,16 @@ int main(int argc, char** argv)
         std::fprintf(stderr,
                      "usage: headless_runner [--map N | --all] [--mode stage|survival|versus|all]"
                      " [--seed S] [--policy idle|cannons|simple|smart] [--script FILE] [--max-rounds R]"
-                     " [--run-dir DIR]\n");
+                     " [--run-dir DIR]\n       headless_runner --replay FILE [--run-dir DIR]\n");
         return 2;
     }
+    Replay replay;  // read before entering the run folder: FILE is named from here
+    if (!options.replay.empty() && !loadReplay(options.replay, replay)) return 2;
     if (!runDir.empty() && chdir(runDir.c_str()) != 0) {
         std::fprintf(stderr, "Couldn't enter '%s'\n", runDir.c_str());
         return 2;
     }
+    if (!options.replay.empty()) return playReplay(options.replay, replay);
     int capped = 0;
     for (int map = options.allMaps ? 1 : options.map; map <= (options.allMaps ? 20 : options.map);
          ++map) {

@@ -7,16 +7,17 @@
 #include "base/random.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
+#include "replay/tape_ends.h"
 #include "shell/window.h"
 #include "sim/player.h"
 
-void openHeadlessTable(uint32_t seed)
+void openHeadlessTable(uint32_t seed, int width, int height)
 {
     testBackend::reset();
     testBackend::openWindowsWithoutDisplay(true);
     glfwInit();
-    glfwOpenWindow(800, 600, 8, 8, 8, 8, 0, 8, GLFW_WINDOW);
-    setScreenSize(800, 600);
+    glfwOpenWindow(width, height, 8, 8, 8, 8, 0, 8, GLFW_WINDOW);
+    setScreenSize(static_cast<int16_t>(width), static_cast<int16_t>(height));
     seedRandom(seed);
 }
 
@@ -119,4 +120,20 @@ bool RulesMatch::playRound(uint32_t maxRounds)
     else if (round >= maxRounds)
         capped = true;
     return !capped;
+}
+
+void playReplayedGame(RulesMatch& match, const Replay& replay, ReplayPlayback& playback,
+                      const std::function<void()>& afterRound)
+{
+    size_t nextPause = 0;
+    for (bool going = true; going && match.round < replay.gameRounds;) {
+        going = match.playRound(replay.gameRounds);
+        if (afterRound) afterRound();
+        for (; nextPause < replay.pauses.size() && replay.pauses[nextPause].afterRound == match.round;
+             ++nextPause) {
+            playback.skipRounds(replay.pauses[nextPause].menuRounds);
+            match.left->holdPadsUntilReleased();
+            if (match.right) match.right->holdPadsUntilReleased();
+        }
+    }
 }

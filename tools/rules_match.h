@@ -5,14 +5,18 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 
 class Player;
+class ReplayPlayback;
+struct Replay;
 
-// Resets the test backend and opens a display-less 800 x 600 window, so that
-// scripted input reaches the Players; seeds the game's generator.
-void openHeadlessTable(uint32_t seed);
+// Resets the test backend and opens a display-less window (800 x 600 unless
+// a replay's window is asked for), so that scripted input reaches the
+// Players; seeds the game's generator.
+void openHeadlessTable(uint32_t seed, int width = 800, int height = 600);
 // Closes what openHeadlessTable opened.
 void closeHeadlessTable();
 
@@ -45,3 +49,10 @@ public:
     uint16_t closingLeft = 500;
     bool capped = false;      // stopped at maxRounds unfinished
 };
+
+// Plays a replay's game to the round it ended, on a table of its window's
+// size with its playback running (the first round at the first pump: the
+// table pumps before each round). The rounds of its pause menus are stepped
+// over, as the Game's loop spent them there; afterRound sees every round.
+void playReplayedGame(RulesMatch& match, const Replay& replay, ReplayPlayback& playback,
+                      const std::function<void()>& afterRound = {});

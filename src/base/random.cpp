@@ -1,28 +1,34 @@
 #include "base/random.h"
 
 namespace {
-// The classic linear congruential generator with 15-bit output.
-uint32_t randomState = 1;
+RandomGenerator simulationRandom;
+RandomGenerator cosmeticGenerator;
 }
 
-void seedRandom(uint32_t seed) { randomState = seed; }
-
-int gameRand()
+int RandomGenerator::next()
 {
-    randomState = randomState * 214013u + 2531011u;
-    return static_cast<int>((randomState >> 16) & 0x7FFF);
+    state = state * 214013u + 2531011u;
+    return static_cast<int>((state >> 16) & 0x7FFF);
 }
 
-float randomFloat(float lo, float hi)
+float RandomGenerator::nextFloat(float lo, float hi)
 {
-    return static_cast<float>(lo + (hi - lo) * gameRand() / 32767.0);
+    return static_cast<float>(lo + (hi - lo) * next() / 32767.0);
 }
 
-int randomInt(int lo, int hi)
+int RandomGenerator::nextInt(int lo, int hi)
 {
     int result;
     do {
-        result = static_cast<int>(randomFloat(0, 1) * (hi - lo + 1) + lo);
+        result = static_cast<int>(nextFloat(0, 1) * (hi - lo + 1) + lo);
     } while (result > hi);
     return result;
 }
+
+void seedRandom(uint32_t seed) { simulationRandom.seed(seed); }
+uint32_t randomState() { return simulationRandom.currentState(); }
+int gameRand() { return simulationRandom.next(); }
+float randomFloat(float lo, float hi) { return simulationRandom.nextFloat(lo, hi); }
+int randomInt(int lo, int hi) { return simulationRandom.nextInt(lo, hi); }
+
+RandomGenerator& cosmeticRandom() { return cosmeticGenerator; }

@@ -107,8 +107,22 @@ bool isFullscreen()
     return readSettingsByte(4, &value) && value != 0;
 }
 
+namespace {
+bool tutorialHeld = false;
+bool heldTutorial = false;
+}  // namespace
+
+void holdTutorialSetting(bool on)
+{
+    tutorialHeld = true;
+    heldTutorial = on;
+}
+
+void releaseTutorialSetting() { tutorialHeld = false; }
+
 bool isTutorialEnabled()
 {
+    if (tutorialHeld) return heldTutorial;
     unsigned char value;
     return !readSettingsByte(5, &value) || value == 0;
 }
@@ -133,6 +147,7 @@ void setFullscreen(bool on)
 
 void setTutorialEnabled(bool on)
 {
+    if (tutorialHeld) return;
     Settings s = currentSettings();
     s.tutorialEnabled = on;
     writeSettings(s);

@@ -19,5 +19,11 @@ void setSoundVolume(uint8_t percent);
 
 bool isFpsCounterEnabled();
 
+// A replay shows the tutorial as the recorded game had it and leaves the
+// player's switch alone: until released, isTutorialEnabled answers `on` and
+// setTutorialEnabled changes nothing.
+void holdTutorialSetting(bool on);
+void releaseTutorialSetting();
+
 // Forgets the cached volumes, as a new run of the game would (for tests).
 void forgetCachedVolumes();

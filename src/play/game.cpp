@@ -44,6 +44,8 @@ void drawEndMessage(uint8_t endMessage)
 
 }  // namespace
 
+std::function<void(const Game&)> Game::roundWatcher;
+
 int16_t titleHintX(size_t titleLength, int16_t virtualWidth)
 {
     return static_cast<int16_t>((titleLength * -19.243421055 + virtualWidth - 40) * 0.5);
@@ -130,6 +132,7 @@ void Game::run()
         }
 
         ageHints();
+        if (roundWatcher) roundWatcher(*this);
 
         if (fadeCountdown <= staticFadeStart) {
             // The game's picture is no longer redrawn: the last frame is fed
@@ -150,6 +153,7 @@ void Game::run()
             music->setPaused(true);
             PauseMenu* pauseMenu = new PauseMenu();
             result = pauseMenu->result;
+            pauses.push_back({frameNumber, pauseMenu->roundsRun, result});
             if (result != resultResume) leaveLoop = true;
             clock.resync();
             music->setPaused(false);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 class Hint;
@@ -17,6 +18,15 @@ enum GameResult : uint8_t {
     resultRestart = 2,
     resultChangeLevel = 3,
     resultExitToMenu = 4,
+};
+
+// A pause as the loop met it: after which of its rounds, for how many rounds
+// of its own the pause menu ran, and what it answered. A replay played
+// without the menu steps over them by these.
+struct PauseRecord {
+    uint32_t afterRound;
+    uint32_t menuRounds;
+    uint8_t result;
 };
 
 class Game {
@@ -42,6 +52,9 @@ public:
     // What the loop left behind, for whoever watches a game (tests, runners).
     uint32_t framesPlayed = 0;
     uint8_t finalEndMessage = 0;
+    std::vector<PauseRecord> pauses;
+    // Sees the game after each of its rounds of play (tests, runners).
+    static std::function<void(const Game&)> roundWatcher;
 
 private:
     void run();

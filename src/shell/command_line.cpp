@@ -73,6 +73,11 @@ const Option options[] = {
     {"--mute", nullptr, "no music and no sound this time",
      [](CommandLine& line, const std::string&) { line.mute = true; return std::string(); }},
     {"--data-dir", "DIR", "keep scores, settings and screenshots in DIR", applyDataDir},
+    {"--replay", "FILE", "watch a recorded game again; prints its final score",
+     [](CommandLine& line, const std::string& value) {
+         line.replayFile = value;
+         return std::string(value.empty() ? "--replay needs a file" : "");
+     }},
 };
 
 const Option* findOption(const std::string& name)
@@ -141,7 +146,8 @@ std::string helpText()
         "the mouse.\n"
         "\nScores, settings and screenshots are kept in $XDG_DATA_HOME/gorvan (by\n"
         "default ~/.local/share/gorvan) for the installed game, or in the --data-dir\n"
-        "folder.\n";
+        "folder; the replays of the last game and of the best one of each map and\n"
+        "mode in its replays/ folder.\n";
     return text;
 }
 

@@ -16,6 +16,7 @@ struct CommandLine {
     uint16_t width = 0, height = 0;  // 0: not given
     bool mute = false;
     std::string dataDir;  // the player's folder; empty: the usual place
+    std::string replayFile;  // a recorded game to watch instead of playing
     // Not empty when the line can't be used: what is wrong, in one line.
     std::string error;
 };

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,11 @@
 #include "menu/menu.h"
 #include "platform/desktop_services.h"
 #include "play/game.h"
+#include "replay/game_recording.h"
+#include "replay/replay_checks.h"
 #include "shell/command_line.h"
 #include "shell/player_folder.h"
+#include "shell/replay_watching.h"
 #include "shell/spine_rules.h"
 #include "shell/startup.h"
 #include "shell/window.h"
@@ -30,7 +34,7 @@ void reportFatal(const std::string& text)
     showErrorNotice("Error!", text.c_str());
 }
 
-void runMenuAndGames()
+int runMenuAndGames()
 {
     startUp();
     uint8_t lastTrack = noTrack;
@@ -50,8 +54,11 @@ void runMenuAndGames()
 
             uint8_t result;
             do {
+                GameRecording recording(menu.getPlayerCount(), menu.isSurvivalRules(),
+                                        menu.getMapPath(), menu.getMapNumber(), track);
                 Game game(music, menu.getPlayerCount(), menu.isSurvivalRules(), menu.getMapPath(),
                           menu.getMapNumber());
+                keepReplay(recording.finish(game));
                 result = game.result;
             } while (result == resultRestart);  // the track plays on through restarts
 
@@ -62,6 +69,7 @@ void runMenuAndGames()
         }
     }
     shutDown();
+    return 0;
 }
 
 // Where this program lies, with links resolved: an install is found from it.
@@ -103,10 +111,10 @@ void applyRunOptions(const CommandLine& line)
     setMuted(line.mute);
 }
 
-int playGorvan()
+int playGorvan(const std::function<int()>& run)
 {
     try {
-        runMenuAndGames();
+        return run();
     } catch (const char* text) {
         reportFatal(text);
     } catch (const std::exception& e) {
@@ -132,7 +140,10 @@ int runGorvan(int argc, char** argv)
         std::fputs((line.showHelp ? helpText() : versionText()).c_str(), stdout);
         return 0;
     }
+    Replay replay;  // read before the folder changes: FILE is named from here
+    if (!line.replayFile.empty() && !loadReplay(line.replayFile, replay)) return 2;
     if (!enterFolderOfPlayer(line)) return 1;
     applyRunOptions(line);
-    return playGorvan();
+    if (!line.replayFile.empty()) return playGorvan([&] { return watchReplay(line.replayFile, replay); });
+    return playGorvan(runMenuAndGames);
 }

@@ -5,5 +5,6 @@
 
 // Returns the process's exit code: 0 after a game (even one ended by an
 // error, which is shown), 2 for a command line that can't be used, 1 when the
-// player's folder can't be made.
+// player's folder can't be made. With --replay, what watchReplay returns, or
+// 2 for a file that is no replay this game can play.
 int runGorvan(int argc, char** argv);

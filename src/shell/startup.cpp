@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 
 #include "base/random.h"
 #include "platform/glfw.h"
@@ -73,11 +74,44 @@ void readDesktop()
     desktopHeight = static_cast<uint16_t>(desktop.Height);
 }
 
+void announce(BootConsole* console, const char* line)
+{
+    if (console) console->addLine(line);
+}
+
+// What hangs on the GL context besides the font, in the boot screen's order;
+// the console (null for a start without the boot screen) tells of each step.
+void loadDisplayResources(BootConsole* console)
+{
+    loadShaders(console);
+    announce(console, "Loading images");
+    loadPanelButtonTexture();
+    announce(console, "Generating textures");
+    generateTextures(console);
+    announce(console, "Initializing framebuffers");
+    createScreenTexture();
+    refreshFpsDisplaySwitch();
+}
+
+void runBootScreen()
+{
+    BootConsole console;
+    // These only report what is already done.
+    console.addLine("Program started");
+    console.addLine("GLFW initialized");
+    console.addLine("FMOD initialized");
+    console.addLine("Window opened");
+    console.addLine("GLEW initialized");
+    loadDisplayResources(&console);
+    console.runBootScript();
+}  // the console dumps its text to the log here
+
 }  // namespace
 
-void startUp()
+void startUp(bool bootScreen)
 {
     seedRandom(static_cast<uint32_t>(std::time(nullptr)));
+    cosmeticRandom().seed(static_cast<uint32_t>(std::time(nullptr)));
     if (!glfwInit()) {
         throw "Couldn't initialize GLFW!";
     }
@@ -87,9 +121,12 @@ void startUp()
     openDisplayWindow(false);
     initAudio();
     // The noise that goes with the boot screen; it lives to the end of the start-up.
-    Sound bootNoise("content/sound/static3.ogg", false, false);
-    bootNoise.play();
-    updateAudio();
+    std::unique_ptr<Sound> bootNoise;
+    if (bootScreen) {
+        bootNoise = std::make_unique<Sound>("content/sound/static3.ogg", false, false);
+        bootNoise->play();
+        updateAudio();
+    }
 
     glewInit();
     if (!glewIsSupported("GL_VERSION_2_0")) {
@@ -99,25 +136,11 @@ void startUp()
 
     loadBasicProgram();
     loadFont();
-    {
-        BootConsole console;
-        // These only report what is already done.
-        console.addLine("Program started");
-        console.addLine("GLFW initialized");
-        console.addLine("FMOD initialized");
-        console.addLine("Window opened");
-        console.addLine("GLEW initialized");
-        loadShaders(&console);
-        console.addLine("Loading images");
-        loadPanelButtonTexture();
-        console.addLine("Generating textures");
-        generateTextures(&console);
-        console.addLine("Initializing framebuffers");
-        createScreenTexture();
-        refreshFpsDisplaySwitch();
-        console.runBootScript();
-        setOrtho(800, 600);
-    }  // the console dumps its text to the log here
+    if (bootScreen)
+        runBootScreen();
+    else
+        loadDisplayResources(nullptr);
+    setOrtho(800, 600);
     std::fflush(stdout);
 }
 

@@ -116,7 +116,9 @@ void Sound::play()
     double now = glfwGetTime();
     if (!(now - lastPlayTime > minimumPlaySpacing)) return;
 
-    int pick = randomInt(0, static_cast<int>(variants.size()) - 1);
+    // Whether a play happens depends on real time: the pick must not move the
+    // simulation's generator.
+    int pick = cosmeticRandom().nextInt(0, static_cast<int>(variants.size()) - 1);
     reportFailure(FMOD_System_PlaySound(fmodSystem, FMOD_CHANNEL_FREE, variants[pick], false,
                                         &channel));
     applyVolume();

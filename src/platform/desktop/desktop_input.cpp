@@ -6,6 +6,7 @@
 
 #include "platform/glfw.h"
 #include "platform/glfw3_bridge.h"
+#include "platform/input_tape.h"
 #include "platform/video_mode_order.h"
 
 namespace {
@@ -46,26 +47,60 @@ void glfwGetDesktopMode(GLFWvidmode* mode)
     }
 }
 
-void glfwPollEvents() { glfw3Bridge::pollEvents(); }
+void glfwPollEvents()
+{
+    glfw3Bridge::pollEvents();
+    inputTape::pumped();
+}
 
-int glfwGetKey(int key) { return glfw3Bridge::keyDown(key) ? GLFW_PRESS : GLFW_RELEASE; }
+int glfwGetKey(int key)
+{
+    if (inputTape::playing()) return inputTape::keyState(inputTape::replayed(), key);
+    return glfw3Bridge::keyDown(key) ? GLFW_PRESS : GLFW_RELEASE;
+}
 
 int glfwGetMouseButton(int button)
 {
+    if (inputTape::playing()) return inputTape::mouseButtonState(inputTape::replayed(), button);
     return glfw3Bridge::mouseButtonDown(button) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 int glfwGetPadButton(int seat, int button)
 {
+    if (inputTape::playing()) return inputTape::padButtonState(inputTape::replayed(), seat, button);
     return glfw3Bridge::padButtonDown(seat, button) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 void glfwGetMousePos(int* x, int* y)
 {
+    inputTape::mousePositionRead();
     double cursorX = 0, cursorY = 0;
     glfw3Bridge::cursorPosition(&cursorX, &cursorY);
+    if (inputTape::playing()) {
+        cursorX = inputTape::replayed().mouseX;
+        cursorY = inputTape::replayed().mouseY;
+    }
     if (x) *x = static_cast<int>(cursorX);
     if (y) *y = static_cast<int>(cursorY);
+}
+
+RoundInput inputTape::liveInput()
+{
+    RoundInput input;
+    for (int key = 0; key <= GLFW_KEY_LAST; ++key) input.keys[key] = glfw3Bridge::keyDown(key);
+    for (int button = 0; button <= GLFW_MOUSE_BUTTON_LAST; ++button)
+        input.mouseButtons[button] = glfw3Bridge::mouseButtonDown(button);
+    double cursorX = 0, cursorY = 0;
+    glfw3Bridge::cursorPosition(&cursorX, &cursorY);
+    input.mouseX = static_cast<int>(cursorX);
+    input.mouseY = static_cast<int>(cursorY);
+    input.focused = glfw3Bridge::focused();
+    input.closeRequested = glfw3Bridge::closeRequested();
+    for (int seat = 0; seat < GLFW_PAD_SEATS; ++seat) {
+        for (int button = 0; button <= GLFW_PAD_BUTTON_LAST; ++button)
+            input.padButtons[seat] |= uint32_t(glfw3Bridge::padButtonDown(seat, button)) << button;
+    }
+    return input;
 }
 
 double glfwGetTime() { return glfw3Bridge::seconds(); }

@@ -5,6 +5,7 @@
 #include "platform/gl_context_facts.h"
 #include "platform/glfw.h"
 #include "platform/glfw3_bridge.h"
+#include "platform/input_tape.h"
 #include "platform/window_request.h"
 
 namespace {
@@ -121,8 +122,12 @@ int glfwGetWindowParam(int param)
         return 0;
     }
     switch (param) {
-    case GLFW_OPENED: return glfw3Bridge::closeRequested() ? 0 : 1;
-    case GLFW_ACTIVE: return glfw3Bridge::focused() ? 1 : 0;
+    case GLFW_OPENED:
+        if (inputTape::playing()) return inputTape::replayed().closeRequested ? 0 : 1;
+        return glfw3Bridge::closeRequested() ? 0 : 1;
+    case GLFW_ACTIVE:
+        if (inputTape::playing()) return inputTape::replayed().focused ? 1 : 0;
+        return glfw3Bridge::focused() ? 1 : 0;
     case GLFW_ICONIFIED: return glfw3Bridge::iconified() ? 1 : 0;
     case GLFW_ACCELERATED: return accelerated ? 1 : 0;
     case GLFW_RED_BITS: return readContextBits().red;

@@ -35,7 +35,8 @@ namespace testBackend {
 // Back to a fresh state: clock 0, round 0, no input held, mouse at 0, 0, no
 // controllers, no script, focus on, default modes (see below), no failures armed, no frame
 // restore forced, services available and nothing recorded, glfwInit not yet
-// called. Closes a window left open.
+// called, no replay recording or playing (input_tape.h). Closes a window left
+// open.
 void reset();
 
 // Clock

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/glfw3_bridge.h"
+#include "platform/input_tape.h"
 #include "platform/testing/test_state.h"
 
 namespace testBackend {
@@ -122,11 +123,14 @@ void pump()
     }
     // The X server's events for the hidden window are drained and ignored.
     glfw3Bridge::pollEvents();
+    inputTape::pumped();
 }
 
 void reset()
 {
     glfw3Bridge::closeWindow();
+    inputTape::listen({});
+    inputTape::play({}, RoundInput());
     BackendState& s = state();
     s = BackendState();
     s.modes = defaultModes();

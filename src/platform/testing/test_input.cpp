@@ -1,5 +1,9 @@
 // The 2.7 input, video-mode and timer calls of the test backend: the script's
 // state and the virtual clock.
+#include <algorithm>
+#include <iterator>
+
+#include "platform/input_tape.h"
 #include "platform/testing/test_state.h"
 
 using testBackend::state;
@@ -39,6 +43,7 @@ int glfwGetKey(int key)
     if (!s.record.open || key < 0 || key > GLFW_KEY_LAST || (key >= 'a' && key <= 'z')) {
         return GLFW_RELEASE;
     }
+    if (inputTape::playing()) return inputTape::keyState(inputTape::replayed(), key);
     return s.keys[key] ? GLFW_PRESS : GLFW_RELEASE;
 }
 
@@ -48,6 +53,7 @@ int glfwGetMouseButton(int button)
     if (!s.record.open || button < 0 || button > GLFW_MOUSE_BUTTON_LAST) {
         return GLFW_RELEASE;
     }
+    if (inputTape::playing()) return inputTape::mouseButtonState(inputTape::replayed(), button);
     return s.buttons[button] ? GLFW_PRESS : GLFW_RELEASE;
 }
 
@@ -55,14 +61,35 @@ int glfwGetPadButton(int seat, int button)
 {
     const auto& s = state();
     if (button < 0 || button > GLFW_PAD_BUTTON_LAST) return GLFW_RELEASE;
+    if (inputTape::playing()) return inputTape::padButtonState(inputTape::replayed(), seat, button);
     const bool held = s.pads.holds(seat, button, [&s](int joystick, int b) { return s.padButtons[joystick][b]; });
     return held ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 void glfwGetMousePos(int* x, int* y)
 {
-    if (x) *x = state().mouseX;
-    if (y) *y = state().mouseY;
+    inputTape::mousePositionRead();
+    const bool replayed = inputTape::playing();
+    if (x) *x = replayed ? inputTape::replayed().mouseX : state().mouseX;
+    if (y) *y = replayed ? inputTape::replayed().mouseY : state().mouseY;
+}
+
+RoundInput inputTape::liveInput()
+{
+    const auto& s = state();
+    RoundInput input;
+    std::copy(std::begin(s.keys), std::end(s.keys), input.keys);
+    std::copy(std::begin(s.buttons), std::end(s.buttons), input.mouseButtons);
+    input.mouseX = s.mouseX;
+    input.mouseY = s.mouseY;
+    input.focused = s.focused;
+    input.closeRequested = s.closed;
+    for (int seat = 0; seat < GLFW_PAD_SEATS; ++seat) {
+        const int joystick = s.pads.joystickAt(seat);
+        for (int button = 0; joystick >= 0 && button <= GLFW_PAD_BUTTON_LAST; ++button)
+            input.padButtons[seat] |= uint32_t(s.padButtons[joystick][button]) << button;
+    }
+    return input;
 }
 
 double glfwGetTime() { return state().clock; }

@@ -2,6 +2,7 @@
 // everything the game asks of it written down.
 #include "platform/gl_context_facts.h"
 #include "platform/glfw3_bridge.h"
+#include "platform/input_tape.h"
 #include "platform/window_request.h"
 #include "platform/testing/test_state.h"
 
@@ -163,8 +164,12 @@ int glfwGetWindowParam(int param)
         return 0;
     }
     switch (param) {
-    case GLFW_OPENED: return s.closed ? 0 : 1;
-    case GLFW_ACTIVE: return s.focused ? 1 : 0;
+    case GLFW_OPENED:
+        if (inputTape::playing()) return inputTape::replayed().closeRequested ? 0 : 1;
+        return s.closed ? 0 : 1;
+    case GLFW_ACTIVE:
+        if (inputTape::playing()) return inputTape::replayed().focused ? 1 : 0;
+        return s.focused ? 1 : 0;
     case GLFW_ICONIFIED: return 0;
     case GLFW_ACCELERATED: return s.accelerated ? 1 : 0;
     case GLFW_RED_BITS: return readContextBits().red;
