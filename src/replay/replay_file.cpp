@@ -12,6 +12,7 @@ namespace {
 const char magic[8] = {'G', 'O', 'R', 'V', 'A', 'N', 'R', 'P'};
 constexpr size_t checksumSize = 4;
 constexpr uint32_t uint32Max = 0xFFFFFFFFu;
+constexpr uint16_t largestWindowSide = 8192;
 
 void putFixed(ByteWriter& writer, uint64_t value, int bytes)
 {
@@ -125,7 +126,11 @@ bool decodeReplay(const std::vector<uint8_t>& bytes, Replay& replay, std::string
     }
     Replay read;
     readFields(in, read);
-    if (version == 0 || !in.ok() || !in.atEnd() || !roundsAreWhole(read.input, read.rounds)) {
+    // A window the game could have had, and a game within its rounds.
+    const bool sensible = read.windowWidth > 0 && read.windowWidth <= largestWindowSide &&
+                          read.windowHeight > 0 && read.windowHeight <= largestWindowSide &&
+                          read.gameRounds <= read.rounds;
+    if (version == 0 || !in.ok() || !in.atEnd() || !sensible || !roundsAreWhole(read.input, read.rounds)) {
         reason = "the replay is damaged (its checksum holds, but not its contents)";
         return false;
     }

@@ -39,6 +39,8 @@ public:
 
     // The next round; false when all are given, or the bytes are damaged.
     bool next(RoundInput& input);
+    // Passes over rounds, the unchanged ones without a look at each.
+    void skip(uint64_t count);
     bool damaged() const { return damagedEntry || !reader.ok(); }
     // Every round given, from exactly all of the bytes.
     bool usedUp() const { return given == roundCount && !damaged() && !haveEntry && reader.atEnd(); }

@@ -61,11 +61,7 @@ ReplayPlayback::~ReplayPlayback()
     releaseTutorialSetting();
 }
 
-void ReplayPlayback::skipRounds(uint32_t count)
-{
-    RoundInput skipped;
-    for (uint32_t i = 0; i < count; ++i) decoder.next(skipped);
-}
+void ReplayPlayback::skipRounds(uint32_t count) { decoder.skip(count); }
 
 RoundInput ReplayPlayback::nextRound(const RoundInput& live)
 {

@@ -35,7 +35,7 @@ const GoldenGame games[] = {
      // The clicks land on the first and the last pixel inside the Q, A and 3 buttons.
      "1500 click 725 135\n2000 click 755 345\n2500 a down\n2504 a up\n3000 click 299 564\n"
      "4000 q down\n4003 q up\n"},
-    {"survival_simple_breaches.txt", "map17.txt", survivalMatch, 2, simplePolicy, ""},
+    {"survival_simple_breaches.txt", "map17.txt", survivalMatch, 5, simplePolicy, ""},
     {"stage_lost_with_cannons.txt", "map20.txt", stageMatch, 1, cannonsPolicy,
      "900 2 down\n902 2 up\n1400 0 down\n1401 0 up\n1500 3 down\n1501 3 up\n"},
     {"survival_rich_field.txt", "rich_field.txt", survivalMatch, 2, smartPolicy,
