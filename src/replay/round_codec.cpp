@@ -78,7 +78,7 @@ void RoundEncoder::add(const RoundInput& input, bool keepMousePosition)
 }
 
 RoundDecoder::RoundDecoder(const std::vector<uint8_t>& bytes, uint32_t rounds)
-    : reader(bytes.data(), bytes.size()), roundCount(rounds)
+    : bytes(bytes), reader(this->bytes.data(), this->bytes.size()), roundCount(rounds)
 {
 }
 

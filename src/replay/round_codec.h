@@ -35,7 +35,9 @@ private:
 
 class RoundDecoder {
 public:
-    RoundDecoder(const std::vector<uint8_t>& bytes, uint32_t rounds);
+    RoundDecoder(const std::vector<uint8_t>& bytes, uint32_t rounds);  // keeps a copy
+    RoundDecoder(const RoundDecoder&) = delete;
+    RoundDecoder& operator=(const RoundDecoder&) = delete;
 
     // The next round; false when all are given, or the bytes are damaged.
     bool next(RoundInput& input);
@@ -48,7 +50,8 @@ public:
 private:
     bool applyEntry(uint8_t changes);
 
-    ByteReader reader;
+    std::vector<uint8_t> bytes;
+    ByteReader reader;  // in `bytes`
     RoundInput current;
     uint32_t roundCount;
     uint32_t given = 0;

@@ -9,17 +9,17 @@
 
 namespace {
 
-// Round 1: nothing; 2: key 3 and a controller's B in seat 2; 3: the mouse.
+// Round 1: nothing; 2: key 3; 3: the left button, the mouse and a controller's B in seat 2.
 Replay smallReplay()
 {
     RoundEncoder encoder;
     RoundInput input;
     encoder.add(input, true);
     input.keys['3'] = true;
-    input.padButtons[2] = 1u << GLFW_PAD_B;
     encoder.add(input, true);
-    input.mouseX = 10;
-    input.mouseY = -3;
+    input.mouseButtons[GLFW_MOUSE_BUTTON_LEFT] = true;
+    input.mouseX = 10, input.mouseY = -3;
+    input.padButtons[2] = 1u << GLFW_PAD_B;
     encoder.add(input, true);
     return Replay{replaySurvival, 3, 0x1122334455667788, 1000, 600, true, 2, 300, 5, encoder.rounds(),
                   encoder.bytes(), 2, {{1, 1, resultResume}}, {300, 0}, 4};
@@ -39,8 +39,8 @@ TEST(ReplayFiles, KeepTheirBytesAndRefuseEmptyForeignDamagedAndNewerOnes)
     const std::vector<uint8_t> bytes = encodeReplay(smallReplay());
     std::string hex;
     for (uint8_t byte : bytes) hex += "0123456789abcdef"[byte >> 4], hex += "0123456789abcdef"[byte & 15];
-    EXPECT_EQ(hex, "474f5256414e5250" "0101031122334455667788e807d80401" "02ac020503" "08" "6101330402041405"
-                   "02" "01010101" "ac020004" "97634409");
+    EXPECT_EQ(hex, "474f5256414e5250" "0101031122334455667788e807d80401" "02ac020503" "09" "410133260114050402"
+                   "02" "01010101" "ac020004" "e3f0a2ff");
     EXPECT_EQ(refusal(bytes), "");
     EXPECT_EQ(refusal({}), "the file is empty");
     EXPECT_EQ(refusal({0x89, 'P', 'N', 'G', '\r', '\n', 26, '\n', 0, 0}), "not a Gorvan replay");
