@@ -31,7 +31,6 @@
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
 #include "replay/replay_checks.h"
-#include "replay/tape_ends.h"
 #include "shell/window.h"
 #include "sim/cannon_bank.h"
 #include "sim/level.h"
@@ -150,20 +149,8 @@ bool playOne(const Options& options, int map, int mode)
 int playReplay(const std::string& name, const Replay& replay)
 {
     if (!checkReplayMap(name, replay)) return 2;
-    openHeadlessTable(replay.randomState, replay.windowWidth, replay.windowHeight);
-    uint32_t scores[2] = {0, 0};
-    uint8_t endCode = 0;
-    {
-        ReplayPlayback playback(replay, false);
-        RulesMatch match(static_cast<MatchMode>(replay.mode), mapFilePath(replay.mapNumber),
-                         replay.mapNumber);
-        playReplayedGame(match, replay, playback);
-        scores[0] = match.left->score;
-        scores[1] = match.right ? match.right->score : 0;
-        endCode = match.endMessage;
-    }  // the Players go while the playback still holds the scores: nothing is stored
-    closeHeadlessTable();
-    return reportOutcome(replay, scores, endCode) ? 0 : 1;
+    const ReplayOutcome outcome = playReplayHeadless(replay, mapFilePath(replay.mapNumber));
+    return reportOutcome(replay, outcome.scores, outcome.endCode) ? 0 : 1;
 }
 
 bool parse(int argc, char** argv, Options& options, std::string& runDir)

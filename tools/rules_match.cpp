@@ -122,18 +122,29 @@ bool RulesMatch::playRound(uint32_t maxRounds)
     return !capped;
 }
 
-void playReplayedGame(RulesMatch& match, const Replay& replay, ReplayPlayback& playback,
-                      const std::function<void()>& afterRound)
+ReplayOutcome playReplayHeadless(const Replay& replay, const std::string& mapPath,
+                                 const std::function<void(const RulesMatch&)>& afterRound)
 {
-    size_t nextPause = 0;
-    for (bool going = true; going && match.round < replay.gameRounds;) {
-        going = match.playRound(replay.gameRounds);
-        if (afterRound) afterRound();
-        for (; nextPause < replay.pauses.size() && replay.pauses[nextPause].afterRound == match.round;
-             ++nextPause) {
-            playback.skipRounds(replay.pauses[nextPause].menuRounds);
-            match.left->holdPadsUntilReleased();
-            if (match.right) match.right->holdPadsUntilReleased();
+    ReplayOutcome outcome{};
+    openHeadlessTable(replay.randomState, replay.windowWidth, replay.windowHeight);
+    {
+        ReplayPlayback playback(replay, false);
+        RulesMatch match(static_cast<MatchMode>(replay.mode), mapPath, replay.mapNumber);
+        size_t nextPause = 0;
+        for (bool going = true; going && match.round < replay.gameRounds;) {
+            going = match.playRound(replay.gameRounds);
+            if (afterRound) afterRound(match);
+            for (; nextPause < replay.pauses.size() && replay.pauses[nextPause].afterRound == match.round;
+                 ++nextPause) {
+                playback.skipRounds(replay.pauses[nextPause].menuRounds);
+                match.left->holdPadsUntilReleased();
+                if (match.right) match.right->holdPadsUntilReleased();
+            }
         }
+        outcome.scores[0] = match.left->score;
+        outcome.scores[1] = match.right ? match.right->score : 0;
+        outcome.endCode = match.endMessage;
     }
+    closeHeadlessTable();
+    return outcome;
 }

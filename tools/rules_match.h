@@ -10,7 +10,6 @@
 #include <string>
 
 class Player;
-class ReplayPlayback;
 struct Replay;
 
 // Resets the test backend and opens a display-less window (800 x 600 unless
@@ -50,9 +49,14 @@ public:
     bool capped = false;      // stopped at maxRounds unfinished
 };
 
-// Plays a replay's game to the round it ended, on a table of its window's
+// A replay's game played to the round it ended, on a table of its window's
 // size with its playback running (the first round at the first pump: the
 // table pumps before each round). The rounds of its pause menus are stepped
 // over, as the Game's loop spent them there; afterRound sees every round.
-void playReplayedGame(RulesMatch& match, const Replay& replay, ReplayPlayback& playback,
-                      const std::function<void()>& afterRound = {});
+// Nothing is stored: the playback holds the scores while the Players go.
+struct ReplayOutcome {
+    uint32_t scores[2];
+    uint8_t endCode;
+};
+ReplayOutcome playReplayHeadless(const Replay& replay, const std::string& mapPath,
+                                 const std::function<void(const RulesMatch&)>& afterRound = {});

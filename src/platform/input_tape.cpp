@@ -1,16 +1,6 @@
 #include "platform/input_tape.h"
 
-#include <algorithm>
 #include <utility>
-
-bool operator==(const RoundInput& a, const RoundInput& b)
-{
-    return std::equal(std::begin(a.keys), std::end(a.keys), std::begin(b.keys)) &&
-           std::equal(std::begin(a.mouseButtons), std::end(a.mouseButtons), std::begin(b.mouseButtons)) &&
-           a.mouseX == b.mouseX && a.mouseY == b.mouseY && a.focused == b.focused &&
-           a.closeRequested == b.closeRequested &&
-           std::equal(std::begin(a.padButtons), std::end(a.padButtons), std::begin(b.padButtons));
-}
 
 namespace inputTape {
 

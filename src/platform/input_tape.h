@@ -19,9 +19,6 @@ struct RoundInput {
     uint32_t padButtons[GLFW_PAD_SEATS] = {};  // bit b: GLFW_PAD button b held in that seat
 };
 
-bool operator==(const RoundInput& a, const RoundInput& b);
-inline bool operator!=(const RoundInput& a, const RoundInput& b) { return !(a == b); }
-
 namespace inputTape {
 
 // Hears the player's input now, then after every pump, with whether the game

@@ -18,7 +18,8 @@ Replay smallReplay()
     input.keys['3'] = true;
     encoder.add(input, true);
     input.mouseButtons[GLFW_MOUSE_BUTTON_LEFT] = true;
-    input.mouseX = 10, input.mouseY = -3;
+    input.mouseX = 10;
+    input.mouseY = -3;
     input.padButtons[2] = 1u << GLFW_PAD_B;
     encoder.add(input, true);
     return Replay{replaySurvival, 3, 0x1122334455667788, 1000, 600, true, 2, 300, 5, encoder.rounds(),

@@ -44,15 +44,10 @@ void expectSameRounds(const Rounds& recorded, const Rounds& replayed)
 Rounds playHeadless(const Replay& replay, const std::string& map)
 {
     Rounds rounds;
-    openHeadlessTable(replay.randomState, replay.windowWidth, replay.windowHeight);
-    {
-        ReplayPlayback playback(replay, false);
-        RulesMatch match(static_cast<MatchMode>(replay.mode), map, replay.mapNumber);
-        playReplayedGame(match, replay, playback, [&] { rounds.push_back(describeRound(match.left, match.right)); });
-        EXPECT_EQ(match.left->score, replay.scores[0]);
-        EXPECT_EQ(match.endMessage, replay.endCode);
-    }
-    closeHeadlessTable();
+    const ReplayOutcome outcome = playReplayHeadless(
+        replay, map, [&](const RulesMatch& match) { rounds.push_back(describeRound(match.left, match.right)); });
+    EXPECT_EQ(outcome.scores[0], replay.scores[0]);
+    EXPECT_EQ(outcome.endCode, replay.endCode);
     return rounds;
 }
 
