@@ -15,7 +15,6 @@ void listen(Listener newListener)
 {
     listener = std::move(newListener);
     mouseRead = false;
-    if (listener) listener(liveInput(), false);
 }
 
 void play(Source newSource, const RoundInput& first)
@@ -27,10 +26,13 @@ void play(Source newSource, const RoundInput& first)
 bool playing() { return static_cast<bool>(source); }
 const RoundInput& replayed() { return round; }
 
-void pumped()
+void pumped(RoundInput (*readLiveInput)())
 {
-    if (source) round = source(liveInput());
-    if (listener) listener(liveInput(), mouseRead);
+    if (source || listener) {
+        const RoundInput live = readLiveInput();
+        if (source) round = source(live);
+        if (listener) listener(live, mouseRead);
+    }
     mouseRead = false;
 }
 

@@ -21,8 +21,8 @@ struct RoundInput {
 
 namespace inputTape {
 
-// Hears the player's input now, then after every pump, with whether the game
-// asked where the mouse was since the last call.
+// Hears the player's input after every pump, with whether the game asked
+// where the mouse was since the pump before.
 using Listener = std::function<void(const RoundInput& live, bool mousePositionRead)>;
 // Gives the round the game is to see after a pump, from the player's input
 // at that pump (a replay still listens to the one who watches it).
@@ -40,10 +40,14 @@ int keyState(const RoundInput& input, int key);
 int mouseButtonState(const RoundInput& input, int button);
 int padButtonState(const RoundInput& input, int seat, int button);  // seat: GLFW_ANY_PAD too
 
-// For the backends: after each pump of events; on each glfwGetMousePos.
-void pumped();
+// For the backends: after each pump of events, with their way to read the
+// player's input (read only while a recording or a replay runs); on each
+// glfwGetMousePos.
+void pumped(RoundInput (*readLiveInput)());
 void mousePositionRead();
-// Each backend's own: what the player is doing now.
+// Each backend's own: what the player is doing now. (The backends are
+// chosen at link time, below this layer's common part, which therefore
+// never calls it but through pumped.)
 RoundInput liveInput();
 
 }  // namespace inputTape

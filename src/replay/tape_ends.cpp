@@ -11,8 +11,9 @@ const int viewerKeys[] = {GLFW_KEY_F5, GLFW_KEY_F12};
 
 }  // namespace
 
-InputRecorder::InputRecorder(bool firstRoundNow) : skipNow(!firstRoundNow)
+InputRecorder::InputRecorder(bool firstRoundNow)
 {
+    if (firstRoundNow) hear(inputTape::liveInput(), false);
     inputTape::listen([this](const RoundInput& live, bool read) { hear(live, read); });
 }
 
@@ -23,10 +24,6 @@ InputRecorder::~InputRecorder()
 
 void InputRecorder::hear(const RoundInput& live, bool mousePositionRead)
 {
-    if (skipNow) {
-        skipNow = false;
-        return;
-    }
     if (havePending) encoder.add(pending, mousePositionRead);
     pending = live;
     for (int key : viewerKeys) pending.keys[key] = false;

@@ -30,7 +30,6 @@ private:
     RoundEncoder encoder;
     RoundInput pending;  // its mouse goes in if the game reads it before the next pump
     bool havePending = false;
-    bool skipNow;
     bool listening = true;
 };
 

@@ -50,7 +50,7 @@ void glfwGetDesktopMode(GLFWvidmode* mode)
 void glfwPollEvents()
 {
     glfw3Bridge::pollEvents();
-    inputTape::pumped();
+    inputTape::pumped(inputTape::liveInput);
 }
 
 int glfwGetKey(int key)

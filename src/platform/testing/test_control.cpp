@@ -123,7 +123,7 @@ void pump()
     }
     // The X server's events for the hidden window are drained and ignored.
     glfw3Bridge::pollEvents();
-    inputTape::pumped();
+    inputTape::pumped(inputTape::liveInput);
 }
 
 void reset()
