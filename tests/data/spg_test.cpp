@@ -1,251 +1,191 @@
-// The .spg decoder through loadImage and the encoder: field layout, run-coded
-// numbers, palette and runs, and damaged content.
+// .spg pictures: run-coded numbers, a table of entries and the pixels they
+// decode to, a table of damaged entries and their one-line reasons, the
+// encoder's round trip, and loadImage's messages.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
+#include <string>
 
+#include "base/random.h"
 #include "data/images.h"
-#include "image_test_support.h"
+#include "data/sfa_format.h"
+#include "data/spg_format.h"
+#include "support/captured_output.h"
+#include "support/scratch_dir.h"
 
 namespace {
 
-struct Loaded {
-    bool ok = false;
+// The 4 header bytes, width, height and hasAlpha, then the rest.
+std::string spg(uint16_t width, uint16_t height, int hasAlpha, const std::string& rest)
+{
+    return bytes({'S', 'P', 'G', 1, width >> 8, width & 0xff, height >> 8, height & 0xff, hasAlpha}) + rest;
+}
+
+std::string times(int count, const std::string& pixel)
+{
+    std::string out;
+    for (int i = 0; i < count; ++i) out += pixel;
+    return out;
+}
+
+struct Decoded {
+    std::string pixels = "-";  // "-": refused
     uint16_t width = 7777, height = 7777;
-    std::vector<unsigned char> pixels;
-    std::string errors;
+    std::string error;
 };
 
-Loaded load(const std::string& name)
+Decoded decode(const std::string& entry)
 {
-    Loaded result;
-    testing::internal::CaptureStderr();
-    unsigned char* pixels = loadImage(name.c_str(), &result.width, &result.height);
-    result.errors = testing::internal::GetCapturedStderr();
-    if (pixels) {
-        result.ok = true;
-        result.pixels.assign(pixels, pixels + size_t(result.width) * result.height * 4);
-        delete[] pixels;
-    }
-    return result;
-}
-
-Loaded loadOne(const std::vector<unsigned char>& spg)
-{
-    writeImages({{"p.spg", spg}});
-    return load("p.spg");
-}
-
-std::vector<unsigned char> decodeOrEmpty(const std::vector<unsigned char>& spg, uint16_t& width, uint16_t& height)
-{
-    std::string damage;
-    unsigned char* pixels = decodeSpg(spg.data(), spg.size(), &width, &height, &damage);
-    if (!pixels) return {};
-    std::vector<unsigned char> result(pixels, pixels + size_t(width) * height * 4);
+    Decoded d;
+    unsigned char* pixels = decodeSpg(reinterpret_cast<const unsigned char*>(entry.data()), entry.size(),
+                                      &d.width, &d.height, &d.error);
+    if (pixels) d.pixels.assign(reinterpret_cast<char*>(pixels), size_t(d.width) * d.height * 4);
     delete[] pixels;
-    return result;
+    return d;
 }
+
+std::string encode(const std::string& rgba, uint16_t width, uint16_t height)
+{
+    auto out = encodeSpg(reinterpret_cast<const unsigned char*>(rgba.data()), width, height);
+    return std::string(out.begin(), out.end());
+}
+
+const std::string twoRedPixels = bytes({0, 0, 0, 0, 0, 2, 0, 1, 0, 1, 255, 0, 0, 0, 2});
+const std::string red = bytes({255, 0, 0, 255});
 
 }  // namespace
 
-TEST(RunCodedNumbers, Spelling)
+TEST(Spg, RunCodedNumbersAndEntriesDecodeToTheirPixels)
 {
-    auto coded = [](uint64_t value) {
+    const std::pair<uint64_t, std::string> numbers[] = {
+        {0, bytes({0})}, {254, bytes({254})}, {255, bytes({255, 0})}, {510, bytes({255, 255, 0})},
+        {600, bytes({255, 255, 90})}};
+    for (const auto& [value, spelled] : numbers) {
         std::vector<unsigned char> out;
         appendRunCodedNumber(out, value);
-        return out;
-    };
-    const std::pair<uint64_t, std::vector<int>> rows[] = {
-        {0, {0}}, {254, {254}}, {255, {255, 0}}, {510, {255, 255, 0}}, {600, {255, 255, 90}}};
-    for (const auto& [value, spelled] : rows)
-        EXPECT_EQ(coded(value), spgBytes(spelled)) << value;
-}
+        EXPECT_EQ(std::string(out.begin(), out.end()), spelled) << value;
+    }
 
-TEST(SpgDecoding, TwoRedPixels)
-{
-    ScratchDir scratch;
-    Loaded red = loadOne(twoRedPixels());
-    ASSERT_TRUE(red.ok) << red.errors;
-    EXPECT_EQ(red.width, 2);
-    EXPECT_EQ(red.height, 1);
-    EXPECT_EQ(red.pixels, spgBytes({255, 0, 0, 255, 255, 0, 0, 255}));
-    EXPECT_EQ(red.errors, "");
-}
+    // 255 colours (count 255 0): index 254 takes one byte, a count of 600 three.
+    std::string manyColours = bytes({255, 0});
+    for (int i = 0; i < 255; ++i) manyColours += bytes({i, 0, 0});
+    manyColours += bytes({254, 1, 3, 255, 255, 90, 0, 1});
+    // 510 colours (255 255 0): index 255 (255 0) and index 509 (255 255 0 ... 255 254).
+    std::string moreColours = bytes({255, 255, 0});
+    for (int i = 0; i < 510; ++i) moreColours += bytes({i & 0xff, i >> 8, 0});
+    moreColours += bytes({255, 0, 1, 255, 254, 1});
 
-TEST(SpgDecoding, WidthAndHeightAreBigEndianAndZeroCountRunsWriteNothing)
-{
-    auto spg = spgStart(0x0102, 1, 0);
-    append(spg, {1, 9, 9, 9, 0, 255, 3});  // 258 = 255 + 3
-    uint16_t width = 0, height = 0;
-    auto pixels = decodeOrEmpty(spg, width, height);
-    EXPECT_EQ(width, 258);
-    EXPECT_EQ(height, 1);
-    EXPECT_EQ(pixels.size(), 258u * 4);
-
-    auto zeroRuns = spgStart(2, 1, 0);
-    append(zeroRuns, {2, 1, 1, 1, 2, 2, 2, 1, 0, 1, 1, 0, 0, 0, 1});
-    EXPECT_EQ(decodeOrEmpty(zeroRuns, width, height), spgBytes({2, 2, 2, 255, 1, 1, 1, 255}));
-}
-
-TEST(SpgDecoding, AlphaOnlyWhenStored)
-{
-    uint16_t width = 0, height = 0;
-    auto opaque = spgStart(1, 1, 0);
-    append(opaque, {1, 10, 20, 30, 0, 1});
-    EXPECT_EQ(decodeOrEmpty(opaque, width, height), spgBytes({10, 20, 30, 255}));
-    // Any value but 0 means four bytes a colour.
-    auto translucent = spgStart(2, 1, 7);
-    append(translucent, {2, 10, 20, 30, 40, 1, 2, 3, 0, 1, 1, 0, 1});
-    EXPECT_EQ(decodeOrEmpty(translucent, width, height), spgBytes({1, 2, 3, 0, 10, 20, 30, 40}));
-}
-
-TEST(SpgDecoding, RunCodedPaletteCountIndexAndCount)
-{
-    // 255 colours (count stored 255 0); index 254 takes one byte, a count of
-    // 600 three.
-    auto spg = spgStart(602, 1, 0);
-    append(spg, {255, 0});
-    for (int i = 0; i < 255; ++i) append(spg, {i, 0, 0});
-    append(spg, {254, 1});           // index 254: one byte
-    append(spg, {3, 255, 255, 90});  // count 600
-    append(spg, {0, 1});
-    uint16_t width = 0, height = 0;
-    auto pixels = decodeOrEmpty(spg, width, height);
-    ASSERT_EQ(pixels.size(), 602u * 4);
-    EXPECT_EQ(pixels[0], 254);
-    for (int x = 1; x <= 600; ++x) ASSERT_EQ(pixels[x * 4], 3) << x;
-    EXPECT_EQ(pixels[601 * 4], 0);
-
-    // 510 colours (stored 255 255 0): index 255 (stored 255 0) and 509.
-    auto big = spgStart(2, 1, 0);
-    append(big, {255, 255, 0});
-    for (int i = 0; i < 510; ++i) append(big, {i & 0xff, i >> 8, 0});
-    append(big, {255, 0, 1, 255, 254, 1});
-    EXPECT_EQ(decodeOrEmpty(big, width, height), spgBytes({255, 0, 0, 255, 253, 1, 0, 255}));
-}
-
-TEST(SpgDecoding, RunsCrossRowEndsAndAnEmptyPictureDecodes)
-{
-    auto spg = spgStart(3, 2, 0);
-    append(spg, {2, 0, 0, 0, 9, 9, 9, 0, 4, 1, 2});
-    uint16_t width = 0, height = 0;
-    auto pixels = decodeOrEmpty(spg, width, height);
-    ASSERT_EQ(pixels.size(), 24u);
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(pixels[i * 4], i < 4 ? 0 : 9) << i;
-
-    auto empty = spgStart(0, 5, 0);
-    append(empty, {0});
-    std::string damage;
-    unsigned char* nothing = decodeSpg(empty.data(), empty.size(), &width, &height, &damage);
-    EXPECT_NE(nothing, nullptr) << damage;
-    EXPECT_EQ(width, 0);
-    delete[] nothing;
-}
-
-TEST(SpgDamage, EveryKindIsRefusedWithOneLineAndShortEntriesToo)
-{
-    ScratchDir scratch;
-    struct Case {
+    struct Row {
         const char* what;
-        std::vector<int> afterHeader;  // after width 2, height 1, hasAlpha 0
+        std::string entry;
+        uint16_t width, height;
+        std::string pixels;
     };
-    const Case cases[] = {
-        {"index equal to the palette size", {1, 9, 9, 9, 1, 2}},
-        {"index far past the palette", {1, 9, 9, 9, 255, 255, 255, 7, 2}},
-        {"runs past width x height", {1, 9, 9, 9, 0, 3}},
-        {"a later run past the end", {1, 9, 9, 9, 0, 2, 0, 1}},
-        {"runs short of the picture", {1, 9, 9, 9, 0, 1}},
-        {"no pixels at all", {1, 9, 9, 9}},
-        {"palette past the entry", {3, 9, 9, 9, 8, 8}},
-        {"palette count past the entry", {255, 255}},
-        {"no palette count", {}},
-        {"count cut off", {1, 9, 9, 9, 0, 255}},
-        {"index without a count", {1, 9, 9, 9, 0}},
-        {"huge palette count", {255, 255, 255, 255, 255, 255, 255, 255, 10, 1, 2, 3}},
+    const Row rows[] = {
+        {"the example", twoRedPixels, 2, 1, red + red},
+        {"runs of count 0", spg(2, 1, 0, bytes({2, 1, 1, 1, 2, 2, 2, 1, 0, 1, 1, 0, 0, 0, 1})), 2, 1,
+         bytes({2, 2, 2, 255, 1, 1, 1, 255})},
+        {"hasAlpha 7", spg(2, 1, 7, bytes({2, 10, 20, 30, 40, 1, 2, 3, 0, 1, 1, 0, 1})), 2, 1,
+         bytes({1, 2, 3, 0, 10, 20, 30, 40})},
+        {"across a row end", spg(3, 2, 0, bytes({2, 0, 0, 0, 9, 9, 9, 0, 4, 1, 2})), 3, 2,
+         times(4, bytes({0, 0, 0, 255})) + times(2, bytes({9, 9, 9, 255}))},
+        {"width 0x0102", spg(0x0102, 1, 0, bytes({1, 9, 9, 9, 0, 255, 3})), 258, 1, times(258, bytes({9, 9, 9, 255}))},
+        {"no pixels", spg(0, 5, 0, bytes({0})), 0, 5, ""},
+        {"255 colours", spg(602, 1, 0, manyColours), 602, 1,
+         bytes({254, 0, 0, 255}) + times(600, bytes({3, 0, 0, 255})) + bytes({0, 0, 0, 255})},
+        {"510 colours", spg(2, 1, 0, moreColours), 2, 1, bytes({255, 0, 0, 255, 253, 1, 0, 255})},
     };
-    for (const Case& c : cases) {
-        auto spg = spgStart(2, 1, 0);
-        append(spg, c.afterHeader);
-        Loaded damaged = loadOne(spg);
-        EXPECT_FALSE(damaged.ok) << c.what;
-        EXPECT_EQ(damaged.width, 7777) << c.what;
-        EXPECT_EQ(damaged.errors.rfind("Damaged image p.spg: ", 0), 0u) << c.what << ": " << damaged.errors;
-        EXPECT_EQ(std::count(damaged.errors.begin(), damaged.errors.end(), '\n'), 1) << c.what;
-    }
-    for (size_t length = 0; length < 9; ++length) {
-        auto spg = twoRedPixels();
-        spg.resize(length);
-        EXPECT_FALSE(loadOne(spg).ok) << length;
+    for (const Row& row : rows) {
+        Decoded d = decode(row.entry);
+        EXPECT_EQ(d.error, "") << row.what;
+        EXPECT_EQ(d.width, row.width) << row.what;
+        EXPECT_EQ(d.height, row.height) << row.what;
+        EXPECT_EQ(d.pixels, row.pixels) << row.what;
     }
 }
 
-TEST(SpgMissing, EntryOrArchive)
+TEST(Spg, DamagedEntriesAreRefusedWithTheirReason)
+{
+    const std::pair<std::string, std::string> rows[] = {  // what follows width 2, height 1, no alpha
+        {bytes({1, 9, 9, 9, 1, 2}), "palette index 1 of a palette of 1"},
+        {bytes({1, 9, 9, 9, 255, 255, 255, 7, 2}), "palette index 772 of a palette of 1"},
+        {bytes({1, 9, 9, 9, 0, 3}), "its runs cover more than 2 x 1 pixels"},
+        {bytes({1, 9, 9, 9, 0, 2, 0, 1}), "its runs cover more than 2 x 1 pixels"},
+        {bytes({1, 9, 9, 9, 0, 1}), "its runs cover 1 of 2 pixels"},
+        {bytes({1, 9, 9, 9}), "its runs are too short to cover 2 x 1 pixels"},
+        {bytes({3, 9, 9, 9, 8, 8}), "the palette runs past the end"},
+        {bytes({255, 255, 255, 255, 255, 255, 255, 255, 10, 1, 2, 3}), "the palette runs past the end"},
+        {bytes({255, 255}), "the palette count runs past the end"},
+        {"", "the palette count runs past the end"},
+        {bytes({1, 9, 9, 9, 0, 255}), "a pixel run runs past the end"},
+        {bytes({1, 9, 9, 9, 0}), "a pixel run runs past the end"},
+    };
+    for (const auto& [rest, reason] : rows) {
+        Decoded d = decode(spg(2, 1, 0, rest));
+        EXPECT_EQ(d.pixels, "-") << reason;
+        EXPECT_EQ(d.error, reason);
+        EXPECT_EQ(d.width, 7777) << reason;
+    }
+    EXPECT_EQ(decode(twoRedPixels.substr(0, 8)).error, "shorter than its 9-byte header");
+    // 65535 x 65535 would take 16 GiB, but four count bytes cover at most 1020 pixels.
+    EXPECT_EQ(decode(spg(65535, 65535, 0, bytes({1, 9, 9, 9, 0, 255, 255, 10}))).error,
+              "its runs are too short to cover 65535 x 65535 pixels");
+    EXPECT_EQ(decode(spg(764, 1, 0, bytes({1, 9, 9, 9, 0, 255, 255, 254}))).error, "");
+}
+
+TEST(Spg, EncoderWritesTheExampleAndRoundTripsManyColours)
+{
+    EXPECT_EQ(encode(red + red, 2, 1).substr(4), twoRedPixels.substr(4));
+    std::string pixels = bytes({1, 2, 3, 255, 4, 5, 6, 255});
+    EXPECT_EQ(encode(pixels, 2, 1)[8], 0) << "alpha only where a pixel is not opaque";
+    pixels[7] = char(254);
+    EXPECT_NE(encode(pixels, 2, 1)[8], 0);
+    EXPECT_EQ(decode(encode(pixels, 2, 1)).pixels, pixels);
+
+    // 300 x 257 pixels of about 700 colours, differing in every channel, in
+    // runs of varied length across row ends.
+    const uint16_t width = 300, height = 257;
+    std::string many;
+    seedRandom(12345);
+    while (many.size() < size_t(width) * height * 4) {
+        int colour = randomInt(0, 699), run = randomInt(1, 300);
+        for (int k = 0; k < run && many.size() < size_t(width) * height * 4; ++k)
+            many += bytes({colour & 0xff, colour >> 8, colour % 7, colour % 3 == 0 ? 128 : 255});
+    }
+    std::string entry = encode(many, width, height);
+    EXPECT_EQ(entry.substr(4, 4), bytes({0x01, 0x2C, 0x01, 0x01}));
+    Decoded back = decode(entry);
+    EXPECT_EQ(back.width, width);
+    EXPECT_EQ(back.height, height);
+    EXPECT_TRUE(back.pixels == many);
+}
+
+TEST(Spg, LoadImageReadsTheArchiveAndSaysWhatFailed)
 {
     ScratchDir scratch;
-    Loaded noArchive = load("arrow.spg");
-    EXPECT_FALSE(noArchive.ok);
-    EXPECT_EQ(noArchive.errors, "Couldn't open content/images.sfa\nError while loading image arrow.spg\n");
-
-    writeImages({{"red.spg", twoRedPixels()}});
-    Loaded noEntry = load("arrow.spg");
-    EXPECT_FALSE(noEntry.ok);
-    EXPECT_EQ(noEntry.width, 7777);
-    EXPECT_EQ(noEntry.errors, "Couldn't find arrow.spg from content/images.sfa\nError while loading image arrow.spg\n");
-}
-
-TEST(SpgEncoding, ExampleBytesAndAlphaOnlyWhereThePictureHasIt)
-{
-    std::vector<unsigned char> red = {255, 0, 0, 255, 255, 0, 0, 255};
-    auto spg = encodeSpg(red.data(), 2, 1);
-    auto expected = twoRedPixels();
-    EXPECT_EQ(std::vector<unsigned char>(spg.begin() + 4, spg.end()),
-              std::vector<unsigned char>(expected.begin() + 4, expected.end()));
-
-    std::vector<unsigned char> pixels = {1, 2, 3, 255, 4, 5, 6, 255};
-    EXPECT_EQ(encodeSpg(pixels.data(), 2, 1)[8], 0);
-    pixels[7] = 254;
-    auto withAlpha = encodeSpg(pixels.data(), 2, 1);
-    EXPECT_NE(withAlpha[8], 0);
-    uint16_t width = 0, height = 0;
-    EXPECT_EQ(decodeOrEmpty(withAlpha, width, height), pixels);
-}
-
-TEST(SpgEncoding, ManyColoursRoundTrip)
-{
-    // 97 x 53 pixels of about 700 colours in runs of varied length, crossing rows.
-    const uint16_t width = 97, height = 53;
-    std::vector<unsigned char> pixels(size_t(width) * height * 4);
-    srand(12345);
-    for (size_t i = 0; i < size_t(width) * height;) {
-        int colour = rand() % 700, run = 1 + rand() % 300;
-        for (int k = 0; k < run && i < size_t(width) * height; ++k, ++i) {
-            pixels[i * 4] = colour & 0xff;
-            pixels[i * 4 + 1] = colour >> 8;
-            pixels[i * 4 + 2] = 77;
-            pixels[i * 4 + 3] = colour % 3 == 0 ? 128 : 255;
-        }
+    const std::string missingArchive = "Couldn't open content/images.sfa\nError while loading image red.spg\n";
+    struct Row {
+        std::string archive;
+        std::string pixels, errors;
+    };
+    const Row rows[] = {
+        {"", "-", missingArchive},
+        {packSfa({{"red.spg", twoRedPixels}}), red + red, ""},
+        {packSfa({{"arrow.spg", twoRedPixels}}), "-",
+         "Couldn't find red.spg from content/images.sfa\nError while loading image red.spg\n"},
+        {packSfa({{"red.spg", spg(2, 1, 0, bytes({1, 9, 9, 9, 1, 2}))}}), "-",
+         "Damaged image red.spg: palette index 1 of a palette of 1\n"},
+    };
+    for (const Row& row : rows) {
+        if (!row.archive.empty()) writeFileBytes("content/images.sfa", row.archive);
+        uint16_t width = 7777, height = 7777;
+        std::string pixels = "-";
+        std::string errors = stderrOf([&] {
+            unsigned char* loaded = loadImage("red.spg", &width, &height);
+            if (loaded) pixels.assign(reinterpret_cast<char*>(loaded), size_t(width) * height * 4);
+            delete[] loaded;
+        });
+        EXPECT_EQ(pixels, row.pixels) << row.errors;
+        EXPECT_EQ(errors, row.errors);
+        EXPECT_EQ(width, row.pixels == "-" ? 7777 : 2) << row.errors;
     }
-    auto spg = encodeSpg(pixels.data(), width, height);
-    uint16_t decodedWidth = 0, decodedHeight = 0;
-    EXPECT_EQ(decodeOrEmpty(spg, decodedWidth, decodedHeight), pixels);
-    EXPECT_EQ(decodedWidth, width);
-    EXPECT_EQ(decodedHeight, height);
-}
-
-TEST(SpgDamage, HugeSizeWithFewRunsAllocatesNothing)
-{
-    ScratchDir scratch;
-    // 65535 x 65535 would take 16 GiB; four count bytes cover at most 1020 pixels.
-    auto spg = spgStart(65535, 65535, 0);
-    append(spg, {1, 9, 9, 9, 0, 255, 255, 10});
-    Loaded huge = loadOne(spg);
-    EXPECT_FALSE(huge.ok);
-    EXPECT_EQ(huge.errors, "Damaged image p.spg: its runs are too short to cover 65535 x 65535 pixels\n");
-
-    // Runs that do cover their picture pass, however few their bytes.
-    auto tight = spgStart(764, 1, 0);
-    append(tight, {1, 9, 9, 9, 0, 255, 255, 254});
-    EXPECT_TRUE(loadOne(tight).ok);
 }
