@@ -19,22 +19,18 @@ void routeAudioToCapture();
 // without a device.
 const std::string& capturePath();
 
+// The captured mix, 16-bit stereo; empty when the file is missing.
 struct CapturedAudio {
-    int sampleRate = 0;
     int channels = 0;
     std::vector<int16_t> samples;  // interleaved
+    // For each 10 ms stretch, whether any sample in it reaches 1000 (of 32767).
+    std::vector<bool> sounding;
+    double soundingSeconds() const;
+    // The silent runs between the first and the last sounding stretch, in seconds.
+    std::vector<double> gapsInside() const;
+    int peak() const;
 };
-// The captured mix; empty when the file is missing or not a 16-bit WAV.
 CapturedAudio readCapture();
-
-// For each 10 ms stretch of the mix, whether any sample in it reaches
-// threshold (of 32767).
-std::vector<bool> soundingStretches(const CapturedAudio& audio, int threshold = 1000);
-double soundingSeconds(const CapturedAudio& audio);
-// The longest run of silent stretches between the first and the last sounding
-// one, in seconds.
-double longestGapInside(const CapturedAudio& audio);
-int peakLevel(const CapturedAudio& audio);
 
 // Waits real time while the writer mixes, calling updateAudio() every 10 ms
 // when asked, as the game's loops do each frame.

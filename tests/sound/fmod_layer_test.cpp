@@ -1,5 +1,5 @@
-// The FMOD-shaped layer on its own: result texts, handles, which channel a
-// play takes, and what it refuses.
+// The FMOD-shaped layer on its own: result texts, which channel a play takes,
+// stale handles, and the calls it refuses with their result codes.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -11,21 +11,7 @@
 
 namespace {
 
-TEST(FmodResults, EveryCodeUpTo95HasItsOwnText)
-{
-    std::set<std::string> texts;
-    for (int code = 0; code <= 95; code++) {
-        std::string text = FMOD_ErrorString(static_cast<FMOD_RESULT>(code));
-        EXPECT_FALSE(text.empty()) << code;
-        EXPECT_NE(text, "Unknown error.") << code;
-        texts.insert(text);
-    }
-    EXPECT_EQ(texts.size(), 96u);
-    EXPECT_STREQ(FMOD_ErrorString(static_cast<FMOD_RESULT>(96)), "Unknown error.");
-    EXPECT_STREQ(FMOD_ErrorString(static_cast<FMOD_RESULT>(-1)), "Unknown error.");
-}
-
-// A system of a few channels on the capture device, and three sounds.
+// A system on the capture device, and three sounds.
 class FmodLayer : public ::testing::Test {
 protected:
     void SetUp() override
@@ -69,64 +55,45 @@ protected:
     FMOD_SOUND *a = nullptr, *b = nullptr, *c = nullptr;
 };
 
-TEST_F(FmodLayer, VersionIsNewEnoughAndOneSystemAtATime)
+TEST_F(FmodLayer, ResultTextsVersionAndRefusedCalls)
 {
+    std::set<std::string> texts;
+    for (int code = 0; code <= 95; code++) texts.insert(FMOD_ErrorString(static_cast<FMOD_RESULT>(code)));
+    EXPECT_EQ(texts.size(), 96u);
+    EXPECT_EQ(texts.count("Unknown error."), 0u);
+    EXPECT_STREQ(FMOD_ErrorString(static_cast<FMOD_RESULT>(96)), "Unknown error.");
+    EXPECT_STREQ(FMOD_ErrorString(static_cast<FMOD_RESULT>(-1)), "Unknown error.");
+
     unsigned int version = 0;
     EXPECT_EQ(FMOD_System_GetVersion(system, &version), FMOD_OK);
     EXPECT_GE(version, 0x44004u);
     FMOD_SYSTEM* second = system;
     EXPECT_EQ(FMOD_System_Create(&second), FMOD_ERR_SYSTEM_EXISTS);
     EXPECT_EQ(second, nullptr);
+    FMOD_SOUND* sound = a;
+    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_2D, nullptr, &sound), FMOD_ERR_UNINITIALIZED);
+    EXPECT_EQ(sound, nullptr);
+    EXPECT_EQ(FMOD_System_Init(system, 0, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INVALID_PARAM);
     start(4);
     EXPECT_EQ(FMOD_System_Init(system, 4, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_ALREADY_INITIALIZED);
-}
 
-TEST_F(FmodLayer, AllChannelsBusyTakesTheOldest)
-{
-    start(2);
-    FMOD_CHANNEL* first = play(a);
-    FMOD_CHANNEL* second = play(b);
-    FMOD_CHANNEL* third = play(c);
-    EXPECT_EQ(channelsPlaying(), 2);
-    EXPECT_FALSE(isPlaying(first)) << "the oldest play gives way";
-    EXPECT_TRUE(isPlaying(second));
-    EXPECT_TRUE(isPlaying(third));
+    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_LOOP_OFF | FMOD_LOOP_NORMAL, nullptr, &sound),
+              FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, 0x10, nullptr, &sound), FMOD_ERR_UNSUPPORTED_MODE);
+    EXPECT_EQ(FMOD_System_CreateSound(system, nullptr, FMOD_2D, nullptr, &sound), FMOD_ERR_INVALID_PARAM);
+    FMOD_CHANNEL* channel = reinterpret_cast<FMOD_CHANNEL*>(0x1);
+    EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, nullptr, false, &channel), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(channel, nullptr);
+    EXPECT_EQ(FMOD_System_PlaySound(system, static_cast<FMOD_CHANNELINDEX>(3), a, false, &channel),
+              FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_Channel_SetVolume(nullptr, 1.0f), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true), FMOD_ERR_INVALID_HANDLE)
+        << "a channel index beyond the system's";
+    EXPECT_EQ(FMOD_Sound_Release(nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_Sound_SetMode(nullptr, FMOD_UNIQUE), FMOD_ERR_INVALID_HANDLE);
 
-    // The stale handle reaches neither the sound now on its channel nor any other.
-    EXPECT_EQ(FMOD_Channel_SetPaused(first, true), FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(FMOD_Channel_SetVolume(first, 0.5f), FMOD_ERR_INVALID_HANDLE);
-    FMOD_BOOL paused = true;
-    FMOD_Channel_GetPaused(third, &paused);
-    EXPECT_FALSE(paused);
-    FMOD_SOUND* current = nullptr;
-    EXPECT_EQ(FMOD_Channel_GetCurrentSound(first, &current), FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(FMOD_Channel_GetCurrentSound(third, &current), FMOD_OK);
-    EXPECT_EQ(current, c);
-
-    FMOD_CHANNEL* fourth = play(a);  // now the second is the oldest
-    EXPECT_FALSE(isPlaying(second));
-    EXPECT_TRUE(isPlaying(third));
-    EXPECT_TRUE(isPlaying(fourth));
-}
-
-TEST_F(FmodLayer, AnIdleChannelIsTakenBeforeABusyOne)
-{
-    start(2);
-    FMOD_CHANNEL* first = play(a);
-    FMOD_CHANNEL* second = play(b);
-    EXPECT_EQ(FMOD_Sound_Release(a), FMOD_OK);  // frees the first channel
-    EXPECT_FALSE(isPlaying(first));
-    FMOD_CHANNEL* third = play(c);
-    EXPECT_TRUE(isPlaying(second)) << "the busy channel is left alone";
-    EXPECT_TRUE(isPlaying(third));
-    EXPECT_NE(third, first) << "a new play on the same channel gets a new handle";
-    EXPECT_EQ(FMOD_Sound_Release(a), FMOD_ERR_INVALID_HANDLE) << "released already";
-}
-
-TEST_F(FmodLayer, PausedStartWaitsForResumeAndAStreamReplayedRestartsOnItsChannel)
-{
-    start(4);
-    FMOD_CHANNEL* channel = play(a, true);
+    // A paused start waits for its resume; a stream played again restarts on its channel.
+    channel = play(a, true);
     FMOD_BOOL paused = false;
     EXPECT_EQ(FMOD_Channel_GetPaused(channel, &paused), FMOD_OK);
     EXPECT_TRUE(paused);
@@ -135,10 +102,8 @@ TEST_F(FmodLayer, PausedStartWaitsForResumeAndAStreamReplayedRestartsOnItsChanne
     EXPECT_EQ(FMOD_Channel_SetPaused(channel, false), FMOD_OK);
     EXPECT_EQ(FMOD_Channel_GetPaused(channel, &paused), FMOD_OK);
     EXPECT_FALSE(paused);
-
     FMOD_SOUND* music = nullptr;
-    ASSERT_EQ(FMOD_System_CreateStream(system, loopPath, FMOD_LOOP_NORMAL | FMOD_2D, nullptr, &music),
-              FMOD_OK);
+    ASSERT_EQ(FMOD_System_CreateStream(system, loopPath, FMOD_LOOP_NORMAL | FMOD_2D, nullptr, &music), FMOD_OK);
     FMOD_CHANNEL* first = play(music);
     FMOD_CHANNEL* again = play(music);
     EXPECT_FALSE(isPlaying(first));
@@ -146,47 +111,44 @@ TEST_F(FmodLayer, PausedStartWaitsForResumeAndAStreamReplayedRestartsOnItsChanne
     EXPECT_EQ(channelsPlaying(), 2);
 }
 
-TEST_F(FmodLayer, BadArgumentsAreRefused)
-{
-    FMOD_SOUND* sound = a;
-    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_2D, nullptr, &sound),
-              FMOD_ERR_UNINITIALIZED);
-    EXPECT_EQ(sound, nullptr);
-    EXPECT_EQ(FMOD_System_Init(system, 0, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INVALID_PARAM);
-    start(4);
-
-    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_LOOP_OFF | FMOD_LOOP_NORMAL, nullptr,
-                                      &sound),
-              FMOD_ERR_INVALID_PARAM);
-    EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, 0x10, nullptr, &sound),
-              FMOD_ERR_UNSUPPORTED_MODE);
-    EXPECT_EQ(FMOD_System_CreateSound(system, nullptr, FMOD_2D, nullptr, &sound),
-              FMOD_ERR_INVALID_PARAM);
-
-    FMOD_CHANNEL* channel = reinterpret_cast<FMOD_CHANNEL*>(0x1);
-    EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, nullptr, false, &channel),
-              FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(channel, nullptr);
-    EXPECT_EQ(FMOD_System_PlaySound(system, static_cast<FMOD_CHANNELINDEX>(3), a, false, &channel),
-              FMOD_ERR_INVALID_PARAM);
-
-    EXPECT_EQ(FMOD_Channel_SetVolume(nullptr, 1.0f), FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true),
-              FMOD_ERR_INVALID_HANDLE) << "a channel index beyond the system's";
-    EXPECT_EQ(FMOD_Sound_Release(nullptr), FMOD_ERR_INVALID_PARAM);
-    EXPECT_EQ(FMOD_Sound_SetMode(nullptr, FMOD_UNIQUE), FMOD_ERR_INVALID_HANDLE);
-}
-
-TEST_F(FmodLayer, HandlesFromBeforeACloseStayStale)
+TEST_F(FmodLayer, PlaysTakeAnIdleChannelElseTheOldestAndOldHandlesGoStale)
 {
     start(2);
-    FMOD_CHANNEL* before = play(a);
+    EXPECT_EQ(channelsPlaying(), 0);
+    FMOD_CHANNEL* first = play(a);
+    FMOD_CHANNEL* second = play(b);
+    FMOD_CHANNEL* third = play(c);
+    EXPECT_EQ(channelsPlaying(), 2);
+    EXPECT_FALSE(isPlaying(first)) << "the oldest play gives way";
+    EXPECT_TRUE(isPlaying(second));
+    EXPECT_TRUE(isPlaying(third));
+    // The stale handle reaches neither the sound now on its channel nor any other.
+    EXPECT_EQ(FMOD_Channel_SetPaused(first, true), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Channel_SetVolume(first, 0.5f), FMOD_ERR_INVALID_HANDLE);
+    FMOD_SOUND* current = nullptr;
+    EXPECT_EQ(FMOD_Channel_GetCurrentSound(first, &current), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Channel_GetCurrentSound(third, &current), FMOD_OK);
+    EXPECT_EQ(current, c);
+    FMOD_BOOL paused = true;
+    FMOD_Channel_GetPaused(third, &paused);
+    EXPECT_FALSE(paused);
+
+    FMOD_CHANNEL* fourth = play(a);  // now the second is the oldest
+    EXPECT_FALSE(isPlaying(second));
+    EXPECT_TRUE(isPlaying(third));
+    EXPECT_EQ(FMOD_Sound_Release(a), FMOD_OK);  // frees the fourth's channel
+    EXPECT_FALSE(isPlaying(fourth));
+    FMOD_CHANNEL* fifth = play(b);
+    EXPECT_TRUE(isPlaying(third)) << "the busy channel is left alone";
+    EXPECT_TRUE(isPlaying(fifth));
+    EXPECT_NE(fifth, fourth) << "a new play on the same channel gets a new handle";
+    EXPECT_EQ(FMOD_Sound_Release(a), FMOD_ERR_INVALID_HANDLE) << "released already";
+
     ASSERT_EQ(FMOD_System_Close(system), FMOD_OK);
     EXPECT_EQ(FMOD_Sound_Release(b), FMOD_ERR_INVALID_HANDLE) << "closing released every sound";
     start(2);
-    FMOD_CHANNEL* after = play(a);
-    EXPECT_NE(after, before);
-    EXPECT_EQ(FMOD_Channel_SetPaused(before, true), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_NE(play(a), fifth);
+    EXPECT_EQ(FMOD_Channel_SetPaused(fifth, true), FMOD_ERR_INVALID_HANDLE);
 }
 
 }  // namespace
