@@ -1,9 +1,6 @@
-// .sfa archives: the example entry byte for byte, the scan to the last entry,
-// whole-name matching, the packer's round trip, and what damaged files give.
+// .sfa archives: the example entry byte for byte, the packer's round trip,
+// the scan to the last entry, whole-name matching, and damaged files.
 #include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 #include "data/archive.h"
 #include "data/sfa_format.h"
@@ -12,122 +9,73 @@
 
 namespace {
 
-// The entry's data, or "-" when it is not found; size and errors beside.
-struct Lookup {
-    std::string data = "-";
-    uint32_t size = 0xdeadbeef;  // left alone on failure
-    std::string errors;
-};
-
-Lookup lookUp(const std::string& file, const std::string& name)
-{
-    Lookup result;
-    result.errors = stderrOf([&] {
-        unsigned char* data = Archive::readEntry(file.c_str(), name.c_str(), &result.size);
-        if (data) result.data.assign(reinterpret_cast<char*>(data), result.size);
-        delete[] data;
-    });
-    return result;
-}
-
-Lookup lookUpIn(const std::string& fileBytes, const std::string& name)
+// The entry's data, or "-" when none came back, and what was printed.
+std::string lookUp(const std::string& fileBytes, const std::string& name, const char* path = "x.sfa")
 {
     writeFileBytes("x.sfa", fileBytes);
-    return lookUp("x.sfa", name);
+    std::string data = "-";
+    uint32_t size = 0xdeadbeef;  // written only on success
+    std::string errors = stderrOf([&] {
+        unsigned char* found = Archive::readEntry(path, name.c_str(), &size);
+        if (found) data.assign(reinterpret_cast<char*>(found), size);
+        delete[] found;
+    });
+    return data + "|" + (size == 0xdeadbeef ? "" : std::to_string(size)) + "|" + errors;
 }
 
-const std::string header = "HDR!";
-// The entry "a" holding the byte 0x41.
-const std::string entryA = bytes({0xFF, 0xFF, 0xFF, 0xFE, 0x9E, 0xFF, 0xFF, 0xFF, 0xFE, 0xBE});
+const std::string entryA = bytes({0xFF, 0xFF, 0xFF, 0xFE, 0x9E, 0xFF, 0xFF, 0xFF, 0xFE, 0xBE});  // "a": 0x41
 
 }  // namespace
 
-TEST(Archive, ExampleEntryLengthsAndThePackersRoundTrip)
+TEST(Archive, ExampleLengthsAndThePackersRoundTrip)
 {
     ScratchDir scratch;
     EXPECT_EQ(packSfa({{"a", "A"}}).substr(4), entryA);
-    for (const std::string& start : {header, bytes({0, 0xFF, 0x12, 0x80})}) {  // the header means nothing
-        Lookup a = lookUpIn(start + entryA, "a");
-        EXPECT_EQ(a.data, "A");
-        EXPECT_EQ(a.size, 1u);
-        EXPECT_EQ(a.errors, "");
-    }
-    // Lengths are big-endian and complemented: 0x102 is stored FF FF FE FD.
-    const std::string data(0x0102, 'q');
+    EXPECT_EQ(lookUp("HDR!" + entryA, "a"), "A|1|");
+    EXPECT_EQ(lookUp(bytes({0, 0xFF, 0x12, 0x80}) + entryA, "a"), "A|1|") << "the header means nothing";
+    const std::string data(0x0102, 'q');  // its length is stored FF FF FE FD
     EXPECT_EQ(packSfa({{"long", data}}).substr(12, 4), bytes({0xFF, 0xFF, 0xFE, 0xFD}));
-    EXPECT_EQ(lookUpIn(packSfa({{"long", data}}), "long").data, data);
+    EXPECT_EQ(lookUp(packSfa({{"long", data}}), "long"), data + "|258|");
 
     const std::vector<SfaEntry> entries = {{"one", "1"}, {"", "nameless"}, {"empty", ""}, {"three", "333"}};
-    std::string error;
-    std::vector<SfaEntry> back = unpackSfa(packSfa(entries), &error);
-    ASSERT_EQ(back.size(), entries.size()) << error;
-    for (size_t i = 0; i < back.size(); ++i) {
-        EXPECT_EQ(back[i].name, entries[i].name);
-        EXPECT_EQ(back[i].data, entries[i].data);
-    }
-    // A damaged file keeps the entries before the damage.
-    std::string packed = packSfa(entries);
-    EXPECT_EQ(unpackSfa(packed.substr(0, packed.size() - 1), &error).size(), 3u);
+    const std::string packed = packSfa(entries);
+    std::string error, listed;
+    for (const SfaEntry& entry : unpackSfa(packed, &error)) listed += entry.name + "=" + entry.data + ";";
+    EXPECT_EQ(listed + error, "one=1;=nameless;empty=;three=333;");
+    EXPECT_EQ(unpackSfa(packed.substr(0, packed.size() - 1), &error).size(), 3u) << "the entries before damage";
     EXPECT_EQ(error, "the data of three runs past the end of the file");
     EXPECT_EQ(unpackSfa(packed.substr(0, 6), &error).size(), 0u);
     EXPECT_EQ(error, "a name runs past the end of the file");
 }
 
-TEST(Archive, ScanFindsEveryEntryToTheLastAndNamesCompareWhole)
+TEST(Archive, ScanFindsEveryEntryToTheLastAndMeetsDamage)
 {
     ScratchDir scratch;
-    writeFileBytes("x.sfa", packSfa({{"one", "1"}, {"", "nameless"}, {"empty", ""}, {"same", "first"},
-                                     {"same", "second"}, {"three", "333"}}));
-    const std::pair<const char*, const char*> found[] = {
-        {"one", "1"}, {"", "nameless"}, {"empty", ""}, {"same", "first"}, {"three", "333"}};
-    for (const auto& [name, data] : found) {
-        Lookup entry = lookUp("x.sfa", name);
-        EXPECT_EQ(entry.data, data) << name;
-        EXPECT_EQ(entry.size, std::string(data).size()) << name;
-        EXPECT_EQ(entry.errors, "") << name;
-    }
-    for (const char* name : {"thre", "threee", "ONE"}) {
-        Lookup miss = lookUp("x.sfa", name);
-        EXPECT_EQ(miss.data, "-") << name;
-        EXPECT_EQ(miss.size, 0xdeadbeefu) << name;
-        EXPECT_EQ(miss.errors, "Couldn't find " + std::string(name) + " from x.sfa\n");
-    }
-    // An empty name never matches the phantom entry at the end of the file.
-    EXPECT_EQ(lookUpIn(packSfa({{"abc", "1"}}), "").errors, "Couldn't find  from x.sfa\n");
-    EXPECT_EQ(lookUp("content/none.sfa", "a").errors, "Couldn't open content/none.sfa\n");
-}
-
-TEST(Archive, ShortAndDamagedFiles)
-{
-    ScratchDir scratch;
+    const std::string file = packSfa({{"one", "1"}, {"", "nameless"}, {"empty", ""}, {"same", "first"},
+                                      {"same", "second"}, {"three", "333"}});
     const std::string eight = packSfa({{"a", "abcdefgh"}});
-    const std::string cutName = packSfa({{"x", "1"}, {"abcdef", "2"}}).substr(0, 4 + 10 + 4 + 3);
-    // "a" states 200 bytes of data but holds 1; "b" behind it is never reached.
-    const std::string longSkip = header + bytes({0xFF, 0xFF, 0xFF, 0xFE, 0x9E, 0xFF, 0xFF, 0xFF, 0x37, 0xBE}) +
+    const std::string cutName = packSfa({{"x", "1"}, {"abcdef", "2"}}).substr(0, 21);
+    // "a" states 200 bytes of data but holds 1, so "b" is never reached.
+    const std::string longSkip = "HDR!" + bytes({255, 255, 255, 254, 0x9E, 255, 255, 255, 0x37, 0xBE}) +
                                  packSfa({{"b", "2"}}).substr(4);
-    struct Row {
-        std::string file, name, data;
-        std::string errors;
-    };
-    const Row rows[] = {
-        {"", "a", "-", "Couldn't find a from x.sfa\n"},
-        {"HD", "a", "-", "Couldn't find a from x.sfa\n"},
-        {header, "a", "-", "Couldn't find a from x.sfa\n"},
+    const std::string rows[][3] = {
+        {file, "one", "1|1|"}, {file, "", "nameless|8|"}, {file, "empty", "|0|"}, {file, "same", "first|5|"},
+        {file, "three", "333|3|"},
+        {file, "thre", "-||Couldn't find thre from x.sfa\n"}, {file, "threee", "-||Couldn't find threee from x.sfa\n"},
+        {file, "ONE", "-||Couldn't find ONE from x.sfa\n"},
+        // An empty name never matches the phantom entry at the end of the file.
+        {packSfa({{"abc", "1"}}), "", "-||Couldn't find  from x.sfa\n"},
+        {"", "a", "-||Couldn't find a from x.sfa\n"}, {"HDR!", "a", "-||Couldn't find a from x.sfa\n"},
         // Data cut short comes back at its stated length, zero-filled.
-        {eight.substr(0, eight.size() - 5), "a", std::string("abc") + std::string(5, '\0'), ""},
-        {cutName, "abcdef", "-", "Couldn't find abcdef from x.sfa\n"},
-        {cutName, "abc", "-", "Couldn't find abc from x.sfa\n"},
-        {cutName, "x", "1", ""},
-        {longSkip, "b", "-", "Couldn't find b from x.sfa\n"},
+        {eight.substr(0, eight.size() - 5), "a", std::string("abc\0\0\0\0\0", 8) + "|8|"},
+        {cutName, "abcdef", "-||Couldn't find abcdef from x.sfa\n"}, {cutName, "abc", "-||Couldn't find abc from x.sfa\n"},
+        {cutName, "x", "1|1|"}, {longSkip, "b", "-||Couldn't find b from x.sfa\n"},
         // A data length of 0xFFFFFFF0 in a 14-byte file allocates nothing.
-        {header + bytes({0xFF, 0xFF, 0xFF, 0xFE, 0x9E, 0, 0, 0, 0x0F, 0xBE}), "a", "-",
-         "Couldn't read a from x.sfa: its length 4294967280 runs far past the end of the file\n"},
+        {"HDR!" + bytes({255, 255, 255, 254, 0x9E, 0, 0, 0, 0x0F, 0xBE}), "a",
+         "-||Couldn't read a from x.sfa: its length 4294967280 runs far past the end of the file\n"},
         // A name length of 0xFFFFFFFF, whose + 1 would wrap to 0.
-        {header + bytes({0, 0, 0, 0, 0x9E}), "a", "-", "Couldn't find a from x.sfa\n"},
+        {"HDR!" + bytes({0, 0, 0, 0, 0x9E}), "a", "-||Couldn't find a from x.sfa\n"},
     };
-    for (const Row& row : rows) {
-        Lookup result = lookUpIn(row.file, row.name);
-        EXPECT_EQ(result.data, row.data) << row.file.size() << " bytes, " << row.name;
-        EXPECT_EQ(result.errors, row.errors) << row.file.size() << " bytes, " << row.name;
-    }
+    for (const auto& [fileBytes, name, result] : rows) EXPECT_EQ(lookUp(fileBytes, name), result) << name;
+    EXPECT_EQ(lookUp("", "a", "content/none.sfa"), "-||Couldn't open content/none.sfa\n");
 }
