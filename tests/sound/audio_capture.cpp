@@ -1,7 +1,5 @@
 #include "audio_capture.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -17,19 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string captureFolder;
-std::string captureFile;
-
-// Removes the configuration folder when the test program ends.
-class CaptureFolderCleanup : public ::testing::Environment {
-public:
-    void TearDown() override
-    {
-        std::error_code ignored;
-        if (!captureFolder.empty()) fs::remove_all(captureFolder, ignored);
-    }
-};
-[[maybe_unused]] auto* const cleanup = ::testing::AddGlobalTestEnvironment(new CaptureFolderCleanup);
+std::string captureFolder, captureFile;
 
 uint32_t littleEndian(const std::string& bytes, size_t at, int size)
 {
@@ -42,11 +28,19 @@ uint32_t littleEndian(const std::string& bytes, size_t at, int size)
 
 void routeAudioToCapture()
 {
+    const fs::path fixtures = fs::path(GORVAN_SOURCE_DIR) / "tests/data_files/sound";
+    fs::create_directories("content/sound");
+    for (const char* name : {"tone.ogg", "tone_high.ogg", "loop.ogg"})
+        fs::copy_file(fixtures / name, fs::path("content/sound") / name, fs::copy_options::overwrite_existing);
     if (!captureFolder.empty()) return;
     std::string pattern = (fs::temp_directory_path() / "gorvan-audio-XXXXXX").string();
     if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
     captureFolder = pattern;
     captureFile = captureFolder + "/mix.wav";
+    std::atexit([] {
+        std::error_code ignored;
+        fs::remove_all(captureFolder, ignored);
+    });
     // 16-bit stereo at a low rate, mixed in short periods so that a pause or
     // a volume change reaches the file within about 12 ms.
     std::ofstream(captureFolder + "/alsoft.conf")
@@ -81,18 +75,14 @@ CapturedAudio readCapture()
     return audio;
 }
 
-double CapturedAudio::soundingSeconds() const
-{
-    return static_cast<double>(std::count(sounding.begin(), sounding.end(), true)) * 0.01;
-}
+double CapturedAudio::soundingSeconds() const { return std::count(sounding.begin(), sounding.end(), true) * 0.01; }
 
 std::vector<double> CapturedAudio::gapsInside() const
 {
     std::vector<double> gaps;
-    auto first = std::find(sounding.begin(), sounding.end(), true);
     auto last = std::find(sounding.rbegin(), sounding.rend(), true).base();
     int run = 0;
-    for (auto it = first; it < last; ++it) {
+    for (auto it = std::find(sounding.begin(), sounding.end(), true); it < last; ++it) {
         if (*it && run > 0) gaps.push_back(run * 0.01);
         run = *it ? 0 : run + 1;
     }
@@ -113,12 +103,4 @@ void listen(double seconds, bool updateEachFrame)
         if (updateEachFrame) updateAudio();
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-}
-
-void copySoundFixtures()
-{
-    const fs::path from = fs::path(GORVAN_SOURCE_DIR) / "tests/data_files/sound";
-    fs::create_directories("content/sound");
-    for (const char* name : {"tone.ogg", "tone_high.ogg", "loop.ogg"})
-        fs::copy_file(from / name, fs::path("content/sound") / name, fs::copy_options::overwrite_existing);
 }
