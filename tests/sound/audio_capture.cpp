@@ -55,22 +55,17 @@ CapturedAudio readCapture()
 {
     CapturedAudio audio;
     const std::string bytes = readFileBytes(captureFile);
-    int rate = 0;
+    size_t perStretch = 0, at = 12;
     // The writer fills in the data size when it closes: read to the end either way.
-    for (size_t at = 12; at + 8 <= bytes.size(); at += 8 + littleEndian(bytes, at + 4, 4)) {
-        if (bytes.compare(at, 4, "fmt ") == 0) {
-            audio.channels = static_cast<int>(littleEndian(bytes, at + 10, 2));
-            rate = static_cast<int>(littleEndian(bytes, at + 12, 4));
-        } else if (bytes.compare(at, 4, "data") == 0 && audio.channels > 0) {
-            audio.samples.resize((bytes.size() - at - 8) / 2);
-            std::memcpy(audio.samples.data(), bytes.data() + at + 8, audio.samples.size() * 2);
-            break;
-        }
-    }
-    const size_t perStretch = static_cast<size_t>(rate / 100 * audio.channels);
-    for (size_t start = 0; perStretch > 0 && start + perStretch <= audio.samples.size(); start += perStretch) {
-        auto loud = [](int16_t sample) { return std::abs(sample) >= 1000; };
-        audio.sounding.push_back(std::any_of(&audio.samples[start], &audio.samples[start] + perStretch, loud));
+    for (; at + 8 <= bytes.size() && bytes.compare(at, 4, "data") != 0; at += 8 + littleEndian(bytes, at + 4, 4))
+        if (bytes.compare(at, 4, "fmt ") == 0) perStretch = littleEndian(bytes, at + 12, 4) / 100 * littleEndian(bytes, at + 10, 2);
+    std::vector<int16_t> samples(at + 8 < bytes.size() ? (bytes.size() - at - 8) / 2 : 0);
+    std::memcpy(samples.data(), bytes.data() + at + 8, samples.size() * 2);
+    for (size_t start = 0; perStretch > 0 && start + perStretch <= samples.size(); start += perStretch) {
+        int loudest = 0;
+        for (size_t i = start; i < start + perStretch; ++i) loudest = std::max(loudest, std::abs(int(samples[i])));
+        audio.sounding.push_back(loudest >= 1000);
+        audio.peak = std::max(audio.peak, loudest);
     }
     return audio;
 }
@@ -87,13 +82,6 @@ std::vector<double> CapturedAudio::gapsInside() const
         run = *it ? 0 : run + 1;
     }
     return gaps;
-}
-
-int CapturedAudio::peak() const
-{
-    int peak = 0;
-    for (int16_t sample : samples) peak = std::max(peak, std::abs(static_cast<int>(sample)));
-    return peak;
 }
 
 void listen(double seconds, bool updateEachFrame)

