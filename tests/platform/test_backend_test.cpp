@@ -1,6 +1,5 @@
 // The test backend that every other test runs on: its virtual clock, its
-// script of input by round and the real GL context it opens (under Xvfb);
-// and the frame restore that drivers which flip their buffers need.
+// script of input by round and the real GL context it opens (under Xvfb).
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
@@ -71,37 +70,5 @@ TEST(TestBackend, ClockScriptAndContext)
     EXPECT_EQ(std::make_pair(modes[0].Width, modes[4].Width), std::make_pair(640, 1920));
     EXPECT_EQ(glfwGetVideoModes(modes, 2), 2) << "a longer list is cut, as 2.7 did";
     glfwCloseWindow();
-
-    // Forced, the save-and-restore around a swap leaves the game's GL state alone.
-    testBackend::forceFrameRestore(true);
-    ASSERT_EQ(glfwOpenWindow(100, 80, 8, 8, 8, 8, 0, 8, GLFW_WINDOW), 1);
-    ASSERT_TRUE(testBackend::frameRestoreActive());
-    glClearColor(1, 0, 0, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
-    GLuint program = glCreateProgram(), shader = glCreateShader(GL_FRAGMENT_SHADER);
-    const char* source = "void main() { gl_FragColor = vec4(0.0, 1.0, 0.0, 1.0); }";
-    glShaderSource(shader, 1, &source, nullptr);
-    glCompileShader(shader);
-    glAttachShader(program, shader);
-    glLinkProgram(program);
-    glUseProgram(program);
-    glEnable(GL_BLEND);
-    glViewport(5, 5, 40, 40);
-    glColor4f(0.5f, 0.25f, 1, 1);
-    glfwSwapBuffers();
-    GLint current = 0, viewport[4] = {};
-    glGetIntegerv(GL_CURRENT_PROGRAM, &current);
-    glGetIntegerv(GL_VIEWPORT, viewport);
-    GLfloat color[4] = {};
-    glGetFloatv(GL_CURRENT_COLOR, color);
-    EXPECT_TRUE(current == GLint(program) && glIsEnabled(GL_BLEND) && color[1] == 0.25f);
-    EXPECT_EQ(std::make_pair(viewport[0], viewport[2]), std::make_pair(5, 40));
-    unsigned char pixel[4] = {};
-    glReadPixels(70, 70, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
-    EXPECT_EQ(pixel[0], 255) << "the frame is back";
-    EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
-    glUseProgram(0);
-    glDeleteProgram(program);
-    glDeleteShader(shader);
     testBackend::reset();
 }
