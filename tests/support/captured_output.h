@@ -1,5 +1,4 @@
-// What a call prints, for tests of the one-line messages, and byte strings
-// spelled out number by number.
+// What a call prints, for tests of the one-line messages; byte strings spelled out.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +20,4 @@ template <typename Call> std::string stdoutOf(Call call)
     return testing::internal::GetCapturedStdout();
 }
 
-inline std::string bytes(std::initializer_list<int> values)
-{
-    return std::string(values.begin(), values.end());
-}
+inline std::string bytes(std::initializer_list<int> values) { return std::string(values.begin(), values.end()); }
