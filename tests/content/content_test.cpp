@@ -75,7 +75,6 @@ TEST(Content, PicturesAreBuiltInTheirShapeAndClearOrSolidWhereDrawingNeedsIt)
         EXPECT_NEAR(width / w, height / h, width / w * 0.02) << name << ": drawn at " << w << " x " << h;
         EXPECT_TRUE(width >= w && height >= h) << name << ": a pixel per unit at least";
     }
-    EXPECT_EQ(sizes["font.spg"], std::make_pair(2048, 512));
     // Alpha at (x, y) in the units it is drawn with (else 0 to 1), y down from its top edge.
     auto alpha = [&](const std::string& name, double x, double y) {
         auto [w, h] = drawn.count(name) ? drawn[name] : std::pair{1.0, 1.0};

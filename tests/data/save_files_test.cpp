@@ -37,7 +37,7 @@ std::string settings()
 
 }  // namespace
 
-TEST(ScoreFile, LayoutTablesAndUnsignedSaves)
+TEST(ScoreFile, LayoutUnsignedSavesAndShortUnwritableOrMissingFiles)
 {
     ScratchDir scratch;
     for (int fresh = 0; fresh < 2; ++fresh) {  // the first time, and after the file was deleted
@@ -63,14 +63,8 @@ TEST(ScoreFile, LayoutTablesAndUnsignedSaves)
         saveSurvivalScore(9, saved);
         EXPECT_EQ(readFileBytes(scorePath), scoreFile('\0', {{112, stored}})) << saved;
     }
-    for (int map = 1; map <= 20; map++) saveStageScore(map, map * 1000u);
-    for (int map = 1; map <= 20; map++) EXPECT_EQ(getStageScore(map), map * 1000u);
-    EXPECT_EQ(readFileBytes(scorePath).size(), 160u);
-}
 
-TEST(ScoreFile, ShortUnwritableOrMissingFilesAndMapsOutOfRange)
-{
-    ScratchDir scratch;
+    // A short file reads zeros past its end and is filled up by a save.
     writeFileBytes(scorePath, bytes({0, 0, 0, 77, 0, 0}));
     EXPECT_EQ(getStageScore(1), 77u);
     EXPECT_EQ(getStageScore(2), 0u) << "half a value";
@@ -101,7 +95,7 @@ TEST(ScoreFile, ShortUnwritableOrMissingFilesAndMapsOutOfRange)
     EXPECT_FALSE(fileExists(scorePath));
 }
 
-TEST(SettingsFile, DefaultsExampleNormalisedFlagsAndCachedVolumes)
+TEST(SettingsFile, DefaultsExampleNormalisedFlagsCachedVolumesAndTheFpsSwitch)
 {
     ScratchDir scratch;
     forgetCachedVolumes();
@@ -131,11 +125,8 @@ TEST(SettingsFile, DefaultsExampleNormalisedFlagsAndCachedVolumes)
     setFullscreen(true);
     EXPECT_EQ(readFileBytes(settingsPath), bytes({0x04, 0x00, 0x03, 0x00, 1, 0, 60, 100}));
     EXPECT_FALSE(fileExists(settingsPath + ".tmp"));
-}
 
-TEST(SettingsFile, WithoutAFolderTheStatedResultsAndTheFpsSwitch)
-{
-    ScratchDir scratch;
+    // Without a folder: the stated results, and the messages.
     forgetCachedVolumes();
     std::filesystem::remove_all("content");
     std::string errors = stderrOf([] {

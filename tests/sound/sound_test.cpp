@@ -53,7 +53,7 @@ protected:
     FMOD_SOUND *a = nullptr, *b = nullptr, *c = nullptr;
 };
 
-TEST_F(FmodLayer, ResultTextsVersionAndRefusedCalls)
+TEST_F(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
 {
     std::set<std::string> texts;
     for (int code = 0; code <= 95; code++) texts.insert(FMOD_ErrorString(static_cast<FMOD_RESULT>(code)));
@@ -64,9 +64,9 @@ TEST_F(FmodLayer, ResultTextsVersionAndRefusedCalls)
     unsigned int version = 0;
     EXPECT_EQ(FMOD_System_GetVersion(system, &version), FMOD_OK);
     EXPECT_GE(version, 0x44004u);
-    FMOD_SYSTEM* second = system;
-    EXPECT_EQ(FMOD_System_Create(&second), FMOD_ERR_SYSTEM_EXISTS);
-    EXPECT_EQ(second, nullptr);
+    FMOD_SYSTEM* other = system;
+    EXPECT_EQ(FMOD_System_Create(&other), FMOD_ERR_SYSTEM_EXISTS);
+    EXPECT_EQ(other, nullptr);
     FMOD_SOUND* sound = a;
     EXPECT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_2D, nullptr, &sound), FMOD_ERR_UNINITIALIZED);
     EXPECT_EQ(sound, nullptr);
@@ -77,10 +77,9 @@ TEST_F(FmodLayer, ResultTextsVersionAndRefusedCalls)
     EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, nullptr, false, &channel), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(channel, nullptr);
     EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true), FMOD_ERR_INVALID_HANDLE);
-}
 
-TEST_F(FmodLayer, PlaysTakeAnIdleChannelElseTheOldestAndOldHandlesGoStale)
-{
+    // With the channels all busy a play takes the oldest; an idle one comes first.
+    ASSERT_EQ(FMOD_System_Close(system), FMOD_OK);
     start(2);
     EXPECT_EQ(channelsPlaying(), 0);
     FMOD_CHANNEL* first = play(a);
@@ -142,7 +141,7 @@ TEST_F(SoundTest, EffectIsHeardForItsLengthAndAPauseHoldsItsPlace)
     EXPECT_GT(mix.peak, 8000) << "half of full scale, centred";
     ASSERT_EQ(mix.gapsInside().size(), 1u);
     EXPECT_NEAR(mix.gapsInside()[0], 0.25, 0.05);
-    initAudio();
+    stdoutOf(initAudio);  // for the fixture to shut down
 }
 
 // A stream's ring holds 0.8 s: longer music needs refills, and comes back
@@ -180,50 +179,49 @@ TEST_F(SoundTest, MusicLoopsPausesComesBackAfterAStallAndGoesOnSilently)
     EXPECT_GT(mix.gapsInside()[1], 0.1) << "the stall is heard";
     for (size_t i = mix.sounding.size() - 50; i < mix.sounding.size(); i++)
         EXPECT_FALSE(mix.sounding[i]) << "the last half second is silent";
-    initAudio();
+    stdoutOf(initAudio);  // for the fixture to shut down
 }
 
-TEST_F(SoundTest, PlaySpacingVariantsAndUniqueSounds)
+TEST_F(SoundTest, PlaySpacingVariantsUniqueSoundsAndFailures)
 {
-    // Plays at 0.05 s (the first tenth after the clock started: none), 0.125,
-    // 0.225 (exactly 0.1 later, in binary too: none), 0.235 (0.11 later) and 0.285 (none).
-    Sound effect(tonePath, false, false);
-    testBackend::reset();
-    std::set<FMOD_CHANNEL*> channels;
-    for (double step : {0.05, 0.075, 0.1, 0.01, 0.05}) {
-        testBackend::advanceTime(step);
-        effect.play();
-        channels.insert(effect.channel);
-    }
-    EXPECT_EQ(channels.size(), 3u);
-    EXPECT_DOUBLE_EQ(effect.lastPlayTime, 0.235);
-    for (FMOD_CHANNEL* channel : channels) EXPECT_TRUE(!channel || isPlaying(channel)) << "effects stack";
+    {  // the sounds go before the audio system is restarted below
+        // Plays at 0.05 s (the first tenth after the clock started: none), 0.125,
+        // 0.225 (exactly 0.1 later, in binary too: none), 0.235 (0.11 later) and 0.285 (none).
+        Sound effect(tonePath, false, false);
+        testBackend::reset();
+        std::set<FMOD_CHANNEL*> channels;
+        for (double step : {0.05, 0.075, 0.1, 0.01, 0.05}) {
+            testBackend::advanceTime(step);
+            effect.play();
+            channels.insert(effect.channel);
+        }
+        EXPECT_EQ(channels.size(), 3u);
+        EXPECT_DOUBLE_EQ(effect.lastPlayTime, 0.235);
+        for (FMOD_CHANNEL* channel : channels) EXPECT_TRUE(!channel || isPlaying(channel)) << "effects stack";
 
-    Sound combo(tonePath, false, false);
-    combo.addVariant(highPath);
-    std::set<FMOD_SOUND*> picked;
-    for (int i = 0; i < 12; i++) {
+        Sound combo(tonePath, false, false);
+        combo.addVariant(highPath);
+        std::set<FMOD_SOUND*> picked;
+        for (int i = 0; i < 12; i++) {
+            testBackend::advanceTime(0.2);
+            combo.play();
+            FMOD_SOUND* playing = nullptr;
+            ASSERT_EQ(FMOD_Channel_GetCurrentSound(combo.channel, &playing), FMOD_OK);
+            picked.insert(playing);
+        }
+        EXPECT_EQ(picked, std::set<FMOD_SOUND*>(combo.variants.begin(), combo.variants.end())) << "both, at random";
+
+        // A unique sound restarts instead of stacking; music and loops are unique from the start.
+        Sound build(tonePath, false, false);
+        EXPECT_TRUE(!build.unique && Sound(loopPath, false, true).unique && Sound(tonePath, true, false).unique);
+        build.setUnique();
+        build.play();
+        FMOD_CHANNEL* firstPlay = build.channel;
         testBackend::advanceTime(0.2);
-        combo.play();
-        FMOD_SOUND* playing = nullptr;
-        ASSERT_EQ(FMOD_Channel_GetCurrentSound(combo.channel, &playing), FMOD_OK);
-        picked.insert(playing);
+        build.play();
+        EXPECT_TRUE(build.channel != firstPlay && !isPlaying(firstPlay) && isPlaying(build.channel));
     }
-    EXPECT_EQ(picked, std::set<FMOD_SOUND*>(combo.variants.begin(), combo.variants.end())) << "both, at random";
-
-    // A unique sound restarts instead of stacking; music and loops are unique from the start.
-    Sound build(tonePath, false, false);
-    EXPECT_TRUE(!build.unique && Sound(loopPath, false, true).unique && Sound(tonePath, true, false).unique);
-    build.setUnique();
-    build.play();
-    FMOD_CHANNEL* firstPlay = build.channel;
-    testBackend::advanceTime(0.2);
-    build.play();
-    EXPECT_TRUE(build.channel != firstPlay && !isPlaying(firstPlay) && isPlaying(build.channel));
-}
-
-TEST_F(SoundTest, FailuresArePrintedAndTheGameGoesOnSilently)
-{
+    // Failures are printed, and the game goes on silently.
     const std::string notOpened = "FMOD error! (9) The file could not be opened.\n"
                                   "FMOD error! (3) An argument is missing or out of range.\n";
     writeFileBytes("content/sound/text.ogg", "not a sound at all");
