@@ -24,7 +24,7 @@ std::set<std::string> namedInSources(const std::string& pattern)
 {
     std::set<std::string> named;
     const std::regex literal(pattern);
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(std::string(GORVAN_SOURCE_DIR) + "/src")) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(GORVAN_SOURCE_DIR "/src")) {
         std::stringstream text;
         text << std::ifstream(entry.path()).rdbuf();
         const std::string source = text.str();
@@ -40,8 +40,11 @@ std::vector<int16_t> decode(OggVorbis_File& file, int64_t start, int64_t frames)
     std::vector<int16_t> samples(size_t(frames * ov_info(&file, -1)->channels));
     ov_pcm_seek(&file, start);
     int section = 0;
-    for (size_t done = 0, got = 1; done < samples.size() && got > 0; done += got / 2)
-        got = size_t(std::max(0L, ov_read(&file, reinterpret_cast<char*>(&samples[done]), int(samples.size() - done) * 2, 0, 2, 1, &section)));
+    for (size_t done = 0, got = 1; done < samples.size() && got > 0; done += got / 2) {
+        long n = ov_read(&file, reinterpret_cast<char*>(&samples[done]), int(samples.size() - done) * 2, 0, 2, 1,
+                         &section);
+        got = size_t(std::max(0L, n));
+    }
     return samples;
 }
 
@@ -53,9 +56,9 @@ TEST(Content, PicturesAreBuiltInTheirShapeAndClearOrSolidWhereDrawingNeedsIt)
     linkBuiltContent();
     // Width and height at which a picture is drawn, where the drawing fixes them.
     std::map<std::string, std::pair<double, double>> drawn = {
-        {"button.spg", {32, 32}}, {"button_back.spg", {52, 52}}, {"p2.spg", {16, 16}}, {"background.spg", {800, 600}},
-        {"boxes.spg", {386, 30}}, {"box.spg", {225, 30}}, {"button2.spg", {50, 30}}, {"progress.spg", {32, 128}},
-        {"gear.spg", {50, 50}}, {"cannon_base.spg", {50, 26}}};
+        {"button.spg", {32, 32}}, {"button_back.spg", {52, 52}}, {"p2.spg", {16, 16}}, {"box.spg", {225, 30}},
+        {"background.spg", {800, 600}}, {"boxes.spg", {386, 30}}, {"button2.spg", {50, 30}},
+        {"progress.spg", {32, 128}}, {"gear.spg", {50, 50}}, {"cannon_base.spg", {50, 26}}};
     for (int i = 1; i <= 6; ++i) drawn["letter" + std::to_string(i) + ".spg"] = {128, 128};
     for (int i = 1; i <= 5; ++i) drawn["info" + std::to_string(i) + ".spg"] = {800, 550};
     for (int i = 1; i <= 3; ++i) {
@@ -81,18 +84,22 @@ TEST(Content, PicturesAreBuiltInTheirShapeAndClearOrSolidWhereDrawingNeedsIt)
         auto [width, height] = sizes[name];
         return int(pixels[name][(size_t(height - 1 - int(y / h * height)) * width + int(x / w * width)) * 4 + 3]);
     };
-    const std::tuple<const char*, double, double, int> spots[] = {  // alpha 0, 255, or 63 for "at most 63"
-        {"background.spg", 210, 270, 0}, {"background.spg", 30, 520, 0}, {"background.spg", 680, 35, 0},
-        {"background.spg", 555, 75, 0}, {"background.spg", 560, 195, 0}, {"background.spg", 560, 315, 0},
-        {"background.spg", 725, 240, 0}, {"background.spg", 465, 455, 0}, {"background.spg", 705, 455, 0},
-        {"background.spg", 210, 555, 0}, {"background.spg", 8, 535, 0}, {"background.spg", 410, 300, 255},
-        {"background.spg", 5, 5, 255}, {"background.spg", 200, 590, 255}, {"background.spg", 620, 120, 255},
-        {"gear.spg", 25, 25, 0}, {"gear.spg", 25, 8, 255}, {"cannon_bar.spg", 0.2, 0.5, 0}, {"cannon_bar.spg", 0.75, 0.5, 255},
-        {"button2.spg", 25, 15, 255}, {"box.spg", 22, 15, 255}, {"box_a.spg", 0.5, 0.6, 63}, {"vbox_a.spg", 0.6, 0.5, 63},
-        {"boxes.spg", 38, 18, 63}, {"progress.spg", 1, 1, 0}, {"progress.spg", 16, 126, 255}, {"cannon_base.spg", 3, 3, 0},
-        {"cannon_base.spg", 3, 24, 255}, {"p2.spg", 0, 0, 0}, {"upgrade1.spg", 0, 0, 0}, {"score_sign1.spg", 0, 0, 0}};
+    // The HUD frame is clear over the field, its corner and the bars, and solid around them.
+    for (auto [x, y] : {std::pair{210, 270}, {30, 520}, {680, 35}, {555, 75}, {560, 195}, {560, 315}, {725, 240},
+                        {465, 455}, {705, 455}, {210, 555}, {8, 535}})
+        EXPECT_EQ(alpha("background.spg", x, y), 0) << x << ", " << y;
+    for (auto [x, y] : {std::pair{410, 300}, {5, 5}, {200, 590}, {620, 120}})
+        EXPECT_EQ(alpha("background.spg", x, y), 255) << x << ", " << y;
+    // Sprites: the gear's hole and rim, the bar's pivot end, solid boxes, glass over the bars (at most 63),
+    // clear corners, and rows upright (the progress tab's rounded top, the cannon base's solid foot).
+    const std::tuple<const char*, double, double, int> spots[] = {
+        {"gear.spg", 25, 25, 0}, {"gear.spg", 25, 8, 255}, {"cannon_bar.spg", 0.2, 0.5, 0},
+        {"cannon_bar.spg", 0.75, 0.5, 255}, {"button2.spg", 25, 15, 255}, {"box.spg", 22, 15, 255},
+        {"box_a.spg", 0.5, 0.6, 63}, {"vbox_a.spg", 0.6, 0.5, 63}, {"boxes.spg", 38, 18, 63}, {"p2.spg", 0, 0, 0},
+        {"upgrade1.spg", 0, 0, 0}, {"score_sign1.spg", 0, 0, 0}, {"progress.spg", 1, 1, 0},
+        {"progress.spg", 16, 126, 255}, {"cannon_base.spg", 3, 3, 0}, {"cannon_base.spg", 3, 24, 255}};
     for (auto [name, x, y, expected] : spots)
-        EXPECT_TRUE(expected == 63 ? alpha(name, x, y) <= 63 : alpha(name, x, y) == expected) << name << " " << x << ", " << y;
+        EXPECT_TRUE(expected == 63 ? alpha(name, x, y) <= 63 : alpha(name, x, y) == expected) << name << " " << x;
     for (int i = 1; i <= 6; ++i) {  // title letters are drawn additively: ink on clear
         std::string name = "letter" + std::to_string(i) + ".spg";
         int inked = 0;
@@ -102,7 +109,8 @@ TEST(Content, PicturesAreBuiltInTheirShapeAndClearOrSolidWhereDrawingNeedsIt)
     }
     for (int i = 1; i <= 5; ++i) {  // how-to-play pictures are opaque
         std::string name = "info" + std::to_string(i) + ".spg";
-        for (size_t p = 0; p < size_t(sizes[name].first) * sizes[name].second; ++p) ASSERT_EQ(pixels[name][p * 4 + 3], 255) << name;
+        for (size_t p = 0; p < size_t(sizes[name].first) * sizes[name].second; ++p)
+            ASSERT_EQ(pixels[name][p * 4 + 3], 255) << name;
     }
 }
 
@@ -113,12 +121,13 @@ TEST(Content, SoundsAreAudibleAndUnclippedAndMusicLoopsWithoutAClick)
     for (const std::string& path : files) {
         SCOPED_TRACE(path);
         OggVorbis_File file;
-        ASSERT_EQ(ov_fopen((std::string(GORVAN_RUN_DIR) + "/" + path).c_str(), &file), 0) << "missing or not Ogg Vorbis";
+        ASSERT_EQ(ov_fopen((GORVAN_RUN_DIR "/" + path).c_str(), &file), 0) << "missing or not Ogg Vorbis";
         const int channels = ov_info(&file, -1)->channels;
         const int64_t frames = ov_pcm_total(&file, -1), second = 44100;
         EXPECT_TRUE(ov_info(&file, -1)->rate == second && (channels == 1 || channels == 2));
         const bool music = path.find("/music/") != std::string::npos;
-        EXPECT_TRUE(music ? frames >= 90 * second && frames <= 300 * second : frames >= second / 25 && frames <= 5 * second);
+        EXPECT_TRUE(music ? frames >= 90 * second && frames <= 300 * second
+                          : frames >= second / 25 && frames <= 5 * second);
         std::vector<int16_t> heard;  // a sound whole, eight seconds spread over a track
         for (int i = 0; i < (music ? 8 : 1); ++i) {
             auto part = decode(file, frames * i / 8, music ? second : frames);
@@ -126,7 +135,7 @@ TEST(Content, SoundsAreAudibleAndUnclippedAndMusicLoopsWithoutAClick)
         }
         int peak = 0;
         for (int16_t v : heard) peak = std::max(peak, std::abs(int(v)));
-        EXPECT_TRUE(peak >= (music ? 0 : 32768 / 4) && peak < 32700) << "heard over the music, unclipped: " << peak;
+        EXPECT_TRUE(peak >= (music ? 0 : 32768 / 4) && peak < 32700) << "audible, unclipped: " << peak;
         if (music) {
             double sum = 0;
             for (int16_t v : heard) sum += double(v) * v;
@@ -136,11 +145,12 @@ TEST(Content, SoundsAreAudibleAndUnclippedAndMusicLoopsWithoutAClick)
             const int64_t window = 2048;
             auto end = decode(file, frames - window, window), start = decode(file, 0, window);
             for (int c = 0; c < channels; ++c) {
-                int largestStep = 0;
+                int largest = 0;
                 for (int64_t i = c; i + channels < window * channels; i += channels)
-                    largestStep = std::max({largestStep, std::abs(start[i + channels] - start[i]), std::abs(end[i + channels] - end[i])});
-                int joinStep = std::abs(start[c] - end[(window - 1) * channels + c]);
-                EXPECT_TRUE(joinStep <= largestStep && joinStep < 32768 / 10) << "channel " << c << ": " << joinStep;
+                    largest = std::max({largest, std::abs(start[i + channels] - start[i]),
+                                        std::abs(end[i + channels] - end[i])});
+                int join = std::abs(start[c] - end[(window - 1) * channels + c]);
+                EXPECT_TRUE(join <= largest && join < 32768 / 10) << "channel " << c << ": " << join;
             }
         }
         ov_clear(&file);

@@ -19,7 +19,8 @@ const std::string scorePath = "content/scores.dat";
 std::string scoreFile(char fill, std::initializer_list<std::pair<size_t, uint32_t>> values)
 {
     std::string file(160, fill);
-    for (auto [offset, v] : values) file.replace(offset, 4, bytes({int(v >> 24), int(v >> 16 & 255), int(v >> 8 & 255), int(v & 255)}));
+    for (auto [offset, v] : values)
+        file.replace(offset, 4, bytes({int(v >> 24), int(v >> 16 & 255), int(v >> 8 & 255), int(v & 255)}));
     return file;
 }
 
@@ -56,10 +57,11 @@ TEST(ScoreFile, LayoutUnsignedSavesAndShortUnwritableOrMissingFiles)
     EXPECT_EQ(getSurvivalScore(3), 0x11111112u);
     EXPECT_EQ(getStageScore(3), 0x11111111u) << "the tables are apart";
 
-    // Only a higher score is stored, compared unsigned.
+    // Only a higher score is stored, compared unsigned (2000000000 would beat 4000000000 signed).
     writeFileBytes(scorePath, std::string(160, '\0'));
-    for (auto [saved, stored] : {std::pair<uint32_t, uint32_t>{0, 0}, {500, 500}, {499, 500}, {4000000000u, 4000000000u},
-                                 {2000000000u, 4000000000u}, {0xFFFFFFFFu, 0xFFFFFFFFu}}) {
+    const uint32_t big = 4000000000u;
+    for (auto [saved, stored] : {std::pair<uint32_t, uint32_t>{0, 0}, {500, 500}, {499, 500}, {big, big},
+                                 {2000000000u, big}, {0xFFFFFFFFu, 0xFFFFFFFFu}}) {
         saveSurvivalScore(9, saved);
         EXPECT_EQ(readFileBytes(scorePath), scoreFile('\0', {{112, stored}})) << saved;
     }
@@ -135,8 +137,8 @@ TEST(SettingsFile, DefaultsExampleNormalisedFlagsCachedVolumesAndTheFpsSwitch)
         EXPECT_EQ(getMusicVolume(), 20);
         EXPECT_FALSE(isFpsCounterEnabled());
     });
-    for (const char* line : {"Couldn't create new settings file!\nCouldn't open settings file!\n", "Cannot save settings!\n",
-                             "Couldn't create new fps file!\nCouldn't open fps file!\n"})
+    for (auto line : {"Couldn't create new settings file!\nCouldn't open settings file!\n",
+                      "Cannot save settings!\n", "Couldn't create new fps file!\nCouldn't open fps file!\n"})
         EXPECT_NE(errors.find(line), std::string::npos) << line;
     forgetCachedVolumes();
 

@@ -36,9 +36,8 @@ TEST(TestBackend, ClockScriptAndContext)
     EXPECT_EQ(glfwGetWindowParam(GLFW_STENCIL_BITS), 8);
     EXPECT_EQ(glfwOpenWindow(200, 100, 8, 8, 8, 8, 0, 8, GLFW_WINDOW), 0) << "one window at a time";
 
-    // An event scripted for round N is seen after the N-th pump, events of one
-    // round in scripted order, and one for a round gone by with the next pump.
-    // A letter is the key of its upper case.
+    // An event scripted for round N is seen after the N-th pump, events of a round in scripted order,
+    // one for a round gone by with the next pump; a letter is the key of its upper case.
     testBackend::keyAt(3, GLFW_KEY_ESC, true);
     testBackend::keyAt(5, GLFW_KEY_ESC, false);
     testBackend::keyAt(2, 'p', true);

@@ -58,7 +58,8 @@ CapturedAudio readCapture()
     size_t perStretch = 0, at = 12;
     // The writer fills in the data size when it closes: read to the end either way.
     for (; at + 8 <= bytes.size() && bytes.compare(at, 4, "data") != 0; at += 8 + littleEndian(bytes, at + 4, 4))
-        if (bytes.compare(at, 4, "fmt ") == 0) perStretch = littleEndian(bytes, at + 12, 4) / 100 * littleEndian(bytes, at + 10, 2);
+        if (bytes.compare(at, 4, "fmt ") == 0)  // 10 ms of the rate, times the channels
+            perStretch = littleEndian(bytes, at + 12, 4) / 100 * littleEndian(bytes, at + 10, 2);
     std::vector<int16_t> samples(at + 8 < bytes.size() ? (bytes.size() - at - 8) / 2 : 0);
     std::memcpy(samples.data(), bytes.data() + at + 8, samples.size() * 2);
     for (size_t start = 0; perStretch > 0 && start + perStretch <= samples.size(); start += perStretch) {

@@ -8,9 +8,8 @@
 
 #include "sound/fmod.h"
 
-// Points ALSOFT_CONF at a wave-writer configuration, before the first OpenAL
-// call of the process (OpenAL reads it once), and copies the test .ogg files
-// to content/sound/ of the working directory.
+// Points ALSOFT_CONF at a wave writer before the first OpenAL call (it is read
+// once), and copies the test .ogg files to content/sound/ of the working folder.
 void routeAudioToCapture();
 // Where the mix goes; a folder in its place leaves OpenAL without a device.
 const std::string& capturePath();

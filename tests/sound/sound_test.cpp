@@ -4,6 +4,7 @@
 // backend's virtual clock.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -18,43 +19,28 @@
 
 namespace {
 
-// A system on the capture device with three sounds: a and c the same file.
-class FmodLayer : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        routeAudioToCapture();
-        ASSERT_EQ(FMOD_System_Create(&system), FMOD_OK);
-    }
-    void TearDown() override { EXPECT_EQ(FMOD_System_Close(system) + FMOD_System_Release(system), FMOD_OK); }
-
-    void start(int channels)
-    {
+TEST(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
+{
+    ScratchDir scratch;
+    routeAudioToCapture();
+    FMOD_SYSTEM* system = nullptr;
+    FMOD_SOUND *a = nullptr, *b = nullptr, *c = nullptr;  // a and c the same file
+    ASSERT_EQ(FMOD_System_Create(&system), FMOD_OK);
+    auto start = [&](int channels) {
         ASSERT_EQ(FMOD_System_Init(system, channels, FMOD_INIT_NORMAL, nullptr), FMOD_OK);
         for (auto [sound, path] : {std::pair{&a, tonePath}, {&b, highPath}, {&c, tonePath}})
-            ASSERT_EQ(FMOD_System_CreateSound(system, path, FMOD_LOOP_OFF | FMOD_2D | FMOD_HARDWARE, nullptr, sound),
-                      FMOD_OK);
-    }
-    FMOD_CHANNEL* play(FMOD_SOUND* sound)
-    {
+            ASSERT_EQ(FMOD_System_CreateSound(system, path, FMOD_LOOP_OFF | FMOD_2D, nullptr, sound), FMOD_OK);
+    };
+    auto play = [&](FMOD_SOUND* sound) {
         FMOD_CHANNEL* channel = nullptr;
         EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, false, &channel), FMOD_OK);
         return channel;
-    }
-    int channelsPlaying()
-    {
+    };
+    auto channelsPlaying = [&] {
         int count = -1;
         FMOD_System_GetChannelsPlaying(system, &count);
         return count;
-    }
-
-    ScratchDir scratch;
-    FMOD_SYSTEM* system = nullptr;
-    FMOD_SOUND *a = nullptr, *b = nullptr, *c = nullptr;
-};
-
-TEST_F(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
-{
+    };
     std::set<std::string> texts;
     for (int code = 0; code <= 95; code++) texts.insert(FMOD_ErrorString(static_cast<FMOD_RESULT>(code)));
     EXPECT_EQ(texts.size() - texts.count("Unknown error."), 96u);
@@ -76,7 +62,6 @@ TEST_F(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
     FMOD_CHANNEL* channel = reinterpret_cast<FMOD_CHANNEL*>(0x1);
     EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, nullptr, false, &channel), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(channel, nullptr);
-    EXPECT_EQ(FMOD_Channel_SetPaused(reinterpret_cast<FMOD_CHANNEL*>(0x105), true), FMOD_ERR_INVALID_HANDLE);
 
     // With the channels all busy a play takes the oldest; an idle one comes first.
     ASSERT_EQ(FMOD_System_Close(system), FMOD_OK);
@@ -104,6 +89,7 @@ TEST_F(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
     EXPECT_TRUE(isPlaying(third) && isPlaying(fifth)) << "the busy channel is left alone";
     EXPECT_NE(fifth, fourth) << "a new play on the same channel gets a new handle";
     EXPECT_EQ(FMOD_Sound_Release(a), FMOD_ERR_INVALID_HANDLE) << "released already";
+    EXPECT_EQ(FMOD_System_Close(system) + FMOD_System_Release(system), FMOD_OK);
 }
 
 class SoundTest : public ::testing::Test {
@@ -126,7 +112,6 @@ TEST_F(SoundTest, EffectIsHeardForItsLengthAndAPauseHoldsItsPlace)
     {
         Sound effect(tonePath, false, false);
         effect.play();
-        EXPECT_DOUBLE_EQ(effect.lastPlayTime, 1.0);
         listen(0.15);
         effect.setPaused(true);
         listen(0.25);
@@ -177,8 +162,7 @@ TEST_F(SoundTest, MusicLoopsPausesComesBackAfterAStallAndGoesOnSilently)
     ASSERT_EQ(mix.gapsInside().size(), 2u) << "no gap but the pause and the stall";
     EXPECT_NEAR(mix.gapsInside()[0], 0.3, 0.05);
     EXPECT_GT(mix.gapsInside()[1], 0.1) << "the stall is heard";
-    for (size_t i = mix.sounding.size() - 50; i < mix.sounding.size(); i++)
-        EXPECT_FALSE(mix.sounding[i]) << "the last half second is silent";
+    EXPECT_EQ(std::count(mix.sounding.end() - 50, mix.sounding.end(), true), 0) << "the last half second is still";
     stdoutOf(initAudio);  // for the fixture to shut down
 }
 
@@ -209,7 +193,7 @@ TEST_F(SoundTest, PlaySpacingVariantsUniqueSoundsAndFailures)
             ASSERT_EQ(FMOD_Channel_GetCurrentSound(combo.channel, &playing), FMOD_OK);
             picked.insert(playing);
         }
-        EXPECT_EQ(picked, std::set<FMOD_SOUND*>(combo.variants.begin(), combo.variants.end())) << "both, at random";
+        EXPECT_EQ(picked, std::set<FMOD_SOUND*>(combo.variants.begin(), combo.variants.end())) << "both by chance";
 
         // A unique sound restarts instead of stacking; music and loops are unique from the start.
         Sound build(tonePath, false, false);
@@ -240,7 +224,7 @@ TEST_F(SoundTest, PlaySpacingVariantsUniqueSoundsAndFailures)
                   Sound partly(tonePath, false, false);
                   partly.addVariant("content/sound/none.ogg");
                   EXPECT_EQ(partly.variants.size(), 1u);
-                  for (int i = 0; i < 5; i++, testBackend::advanceTime(0.2)) partly.play();  // never the failed one
+                  for (int i = 0; i < 5; i++, testBackend::advanceTime(0.2)) partly.play();  // not the failed one
               }),
               notOpened);
     EXPECT_EQ(stdoutOf([] { Sound(tonePath, false, false).applyVolume(); }),
