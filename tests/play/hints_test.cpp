@@ -66,17 +66,14 @@ TEST(Tutorial, TheRowsOfEachScriptAndTheSwitchOffInRound2800)
 
 TEST(HintPlate, RowsOfThePlateByTextSize)
 {
-    struct Row {
-        float size;
-        uint16_t textureHeight;
-        int top, bottom;
-    };
-    // The plate is size + 20 rows from top; the texture the next power of two.
-    for (Row row : {Row{50, 128, 29, 89}, Row{30, 128, 39, 79}, Row{20, 128, 44, 74},
-                    Row{70, 256, 83, 163}, Row{-60, 4, 22, -28}}) {
-        const PlateLayout layout = plateLayout(row.size);
-        EXPECT_EQ(layout.textureHeight, row.textureHeight) << row.size;
-        EXPECT_EQ(layout.top, row.top) << row.size;
-        EXPECT_EQ(layout.bottom, row.bottom) << row.size;
+    // Size, then the texture's height (a power of two from 4) and the rows of
+    // the plate's top and of its lower band: size + 20 rows in all.
+    const int rows[][4] = {{50, 128, 29, 89}, {30, 128, 39, 79}, {20, 128, 44, 74},
+                           {70, 256, 83, 163}, {-60, 4, 22, -28}};
+    for (const auto& row : rows) {
+        const PlateLayout layout = plateLayout(static_cast<float>(row[0]));
+        EXPECT_EQ(layout.textureHeight, row[1]) << row[0];
+        EXPECT_EQ(layout.top, row[2]) << row[0];
+        EXPECT_EQ(layout.bottom, row[3]) << row[0];
     }
 }
