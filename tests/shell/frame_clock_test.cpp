@@ -20,7 +20,6 @@ TEST(FrameClock, PacesAFastMachineAndMeasuresItsRate)
 {
     testBackend::reset();
     FrameClock clock(60);
-    EXPECT_EQ(clock.workTimes.size(), 60u);
     round(clock, 0.011);  // a new clock takes the machine for one that needs 66 %
     EXPECT_NEAR(clock.measuredRate, 1 / (0.66 / 60), 1e-6);
     round(clock, 0);  // a second of frames: one quick frame moves it a little
@@ -43,21 +42,18 @@ TEST(FrameClock, LeavesFramesOutByLagAndStartsOverBelowTwelve)
 {
     testBackend::reset();
     FrameClock clock(60);
-    // Lag before the tick, skip state before and after: down to -3 every
+    // Lag, and the skip state before and after the tick: down to -3 every
     // frame is drawn, down to -6 every other, below that every third.
-    struct Row {
-        double lag;
-        int before, after;
-    };
-    for (Row row : {Row{-3.0, 0, 0}, Row{-6.0, 0, 1}, Row{-6.0, 1, 0}, Row{-4.0, 2, 0},
-                    Row{-7.0, 0, 1}, Row{-7.0, 1, 2}, Row{-7.0, 2, 0}}) {
-        clock.skipState = row.before;
-        clock.lag = row.lag;
+    const double rows[][3] = {{-3, 0, 0}, {-6, 0, 1}, {-6, 1, 0}, {-4, 2, 0},
+                              {-7, 0, 1}, {-7, 1, 2}, {-7, 2, 0}};
+    for (const auto& row : rows) {
+        clock.lag = row[0];
+        clock.skipState = static_cast<uint8_t>(row[1]);
         clock.nextFrameTime = testBackend::now() - clock.frameInterval;  // on time
         clock.measuredRate = 0;                                          // no recovery
         clock.tick();
-        EXPECT_EQ(clock.skipState, row.after) << row.lag << " from " << row.before;
-        EXPECT_EQ(clock.previousSkipState, row.before);
+        EXPECT_EQ(clock.skipState, row[2]) << row[0] << " from " << row[1];
+        EXPECT_EQ(clock.previousSkipState, row[1]);
     }
     for (double late : {0.005, 0.02}) {  // just above -12 the schedule is kept
         clock.lag = -11.99;
@@ -67,8 +63,7 @@ TEST(FrameClock, LeavesFramesOutByLagAndStartsOverBelowTwelve)
         EXPECT_NEAR(clock.lag, late < 0.01 ? -11.995 : -12.0, 1e-9);
         EXPECT_NEAR(clock.nextFrameTime, testBackend::now() - (late < 0.01 ? late : 0), 1e-9);
     }
-    // A 20 second stall: no catching up, the next frames come at the rate.
-    testBackend::advanceTime(20.0);
+    testBackend::advanceTime(20.0);  // a stall: no catching up afterwards
     clock.tick();
     EXPECT_EQ(clock.lag, -12.0);
     const double start = testBackend::now();
@@ -88,14 +83,13 @@ TEST(FrameClock, RecoversWithHeadroomAndKeepsLagOverAPause)
     round(clock, 0.011);  // 90.9 a second: more than a third of headroom
     clock.lag = -1.0;
     round(clock, 1.0 / 60 + 0.01);  // 0.01 late, 0.04 recovered
-    EXPECT_NEAR(clock.lag, -1.0 - 0.01 + 0.04, 1e-9);
+    EXPECT_NEAR(clock.lag, -0.97, 1e-9);
     const double rate = clock.measuredRate;
     testBackend::advanceTime(300.0);  // five minutes in a pause menu
     clock.resync();
     EXPECT_EQ(clock.measuredRate, rate);
     round(clock, 0.005);
     EXPECT_NEAR(clock.lag, -0.97 + (1.0 / 60 - 0.005) + 0.04, 1e-9);
-
     FrameClock slow(60);  // 0.1 s late every frame
     for (int i = 0; i < 35; ++i) round(slow, 1.0 / 60 + 0.1);
     EXPECT_LT(slow.lag, -3.0);

@@ -1,20 +1,21 @@
 // The program's entry on the test backend: a whole run from the boot screen
-// through the menu, a game, its restart and the way back, and the one handler
-// that turns whatever a start-up throws into a line on stderr and a notice.
+// through the menu, a game, its restart and the way back; the handler that
+// turns whatever a start-up throws into a line on stderr and a notice; and
+// the small rules between a game and the next.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <stdexcept>
 #include <string>
 
 #include "base/random.h"
 #include "data/settings.h"
-#include "platform/glfw.h"
-#include "platform/testing/test_backend.h"
 #include "play/game.h"
 #include "shell/program.h"
 #include "shell/spine_rules.h"
 #include "shell/startup.h"
+#include "support/input_script.h"
 #include "support/play_session.h"
 
 namespace {
@@ -28,21 +29,9 @@ ProgramRun runProgram()
 {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    const int returned = runGorvan();
-    ProgramRun run{returned, testing::internal::GetCapturedStdout(), ""};
+    ProgramRun run{runGorvan(), testing::internal::GetCapturedStdout(), ""};
     run.err = testing::internal::GetCapturedStderr();
     return run;
-}
-
-void press(unsigned round, int key)
-{
-    testBackend::keyAt(round, key, true);
-    testBackend::keyAt(round + 2, key, false);
-}
-
-bool endsWith(const std::string& text, const std::string& end)
-{
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
 }  // namespace
@@ -52,26 +41,27 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
     ScratchDir dir;
     linkBuiltContent();
     testBackend::reset();
-    setFullscreen(true);  // "Auto" in fullscreen: the desktop's size, kept small
+    setFullscreen(true);  // "Auto" in fullscreen is the desktop's size, here tiny
     testBackend::setDesktopMode(GLFWvidmode{100, 60, 8, 8, 8});
     testBackend::setFrameCost(0.05);
-    // The boot screen's length depends on its random lines; it ends with a
-    // second's stand-still. The script starts with the menu's first frame.
+    // The boot screen's length depends on its random lines, and it ends with a
+    // second's stand-still: the script counts from the menu's first frame.
     unsigned menuStart = 0;
     double lastFrame = -1;
     testBackend::watchFrames([&](unsigned round) {
         if (menuStart == 0 && lastFrame >= 0 && testBackend::now() - lastFrame > 0.5) {
             menuStart = round;
-            press(round + 5, GLFW_KEY_ENTER);    // "1 player game"
-            press(round + 15, GLFW_KEY_ENTER);   // map 1; the game begins after the fade
-            press(round + 200, GLFW_KEY_ESC);    // pause
-            press(round + 210, GLFW_KEY_DOWN);
-            press(round + 220, GLFW_KEY_ENTER);  // "Restart level"
-            press(round + 400, GLFW_KEY_ESC);
-            press(round + 410, GLFW_KEY_UP);
-            press(round + 420, GLFW_KEY_ENTER);  // "Exit to menu"
-            press(round + 600, GLFW_KEY_ESC);    // quits on the main page
-            testBackend::closeAt(round + 2000);  // in case the road goes elsewhere
+            const auto press = [round](unsigned at, int key) { InputScript(round + at).press(key); };
+            press(5, GLFW_KEY_ENTER);    // "1 player game"
+            press(15, GLFW_KEY_ENTER);   // map 1; the game begins after the fade
+            press(200, GLFW_KEY_ESC);    // pause,
+            press(210, GLFW_KEY_DOWN);
+            press(220, GLFW_KEY_ENTER);  // "Restart level"
+            press(400, GLFW_KEY_ESC);
+            press(410, GLFW_KEY_UP);
+            press(420, GLFW_KEY_ENTER);  // "Exit to menu"
+            press(600, GLFW_KEY_ESC);    // quits on the main page
+            testBackend::closeAt(round + 2000);  // should the road go elsewhere
         }
         lastFrame = testBackend::now();
     });
@@ -80,76 +70,63 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
 
     EXPECT_EQ(run.returned, 0);
     EXPECT_TRUE(testBackend::notices().empty());  // the handler never ran
-    EXPECT_NE(run.out.find("\nProgram started\nGLFW initialized\nFMOD initialized\nWindow opened\n"
-                           "GLEW initialized\nLoading shaders\n"),
-              std::string::npos);
-    EXPECT_NE(run.out.find("\nLoading images\nGenerating textures\n"), std::string::npos);
-    EXPECT_NE(run.out.find("\nInitializing framebuffers\n"), std::string::npos);
-    EXPECT_NE(run.out.find("\nThingz by Kelvarin\n"), std::string::npos);
+    for (const char* lines : {"\nProgram started\nGLFW initialized\nFMOD initialized\n"
+                              "Window opened\nGLEW initialized\nLoading shaders\n",
+                              "\nLoading images\nGenerating textures\n",
+                              "\nInitializing framebuffers\n", "\nThingz by Kelvarin\n"})
+        EXPECT_NE(run.out.find(lines), std::string::npos) << lines;
     ASSERT_NE(menuStart, 0u);
-    // The quit in the menu's round 601, then its closing transition.
-    EXPECT_EQ(testBackend::round() - menuStart, 601u + 71u);
+    EXPECT_EQ(testBackend::round() - menuStart, 601u + 71u);  // and the menu's fade
     EXPECT_FALSE(testBackend::window().open);
 }
 
 TEST(Program, WhatAStartUpThrowsBecomesAnErrorLineAndANotice)
 {
-    struct Case {
-        std::function<void()> arm;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::pair<std::function<void()>, const char*> cases[] = {
         {[] { testBackend::failInit(true); }, "Couldn't initialize GLFW!"},
         {[] { testBackend::failOpenWindow(true); }, "Couldn't create window!"},
-        {[] {
-             testBackend::watchFrames([](unsigned) { throw std::runtime_error("no more frames"); });
-         },
-         "Standard exception: no more frames"},
+        {[] { testBackend::watchFrames([](unsigned) { throw std::runtime_error("no frames"); }); },
+         "Standard exception: no frames"},
         {[] { testBackend::watchFrames([](unsigned) { throw 42; }); }, "An unknown error occurred!"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
+    for (const auto& [arm, text] : cases) {
+        SCOPED_TRACE(text);
         ScratchDir dir;
         linkBuiltContent();
         testBackend::reset();
-        c.arm();
+        arm();
         const ProgramRun run = runProgram();
         EXPECT_EQ(run.returned, 0);
-        EXPECT_TRUE(endsWith("\n" + run.err, std::string("\n") + c.text + "\n")) << run.err;
+        // The handler's line is the last on stderr.
+        const std::string err = "\n" + run.err, line = std::string("\n") + text + "\n";
+        EXPECT_EQ(err.substr(err.size() - std::min(err.size(), line.size())), line);
         ASSERT_EQ(testBackend::notices().size(), 1u);
         EXPECT_EQ(testBackend::notices()[0].title, "Error!");
-        EXPECT_EQ(testBackend::notices()[0].text, c.text);
+        EXPECT_EQ(testBackend::notices()[0].text, text);
         testBackend::watchFrames(nullptr);
         shutDown();  // what the handler leaves behind
     }
 }
 
-TEST(SpineRules, TracksAndTheMenuAfterAGame)
+TEST(SpineRules, TheTrackChangesAndTheMenuOpensWhereTheGameSays)
 {
     seedRandom(99);
-    int seen[3][3] = {};
-    for (int i = 0; i < 3000; ++i) {
-        const uint8_t last = static_cast<uint8_t>(i % 3);
+    int seen[4][3] = {};  // by the track before (3: none yet) and the one chosen
+    for (int i = 0; i < 4000; ++i) {
+        const uint8_t last = i % 4 == 3 ? noTrack : static_cast<uint8_t>(i % 4);
         const uint8_t track = chooseNextTrack(last);
         ASSERT_LT(track, 3);
-        ASSERT_NE(track, last);
-        ++seen[last][track];
+        ++seen[i % 4][track];
     }
-    EXPECT_GT(seen[0][1] + seen[1][2] + seen[2][0], 1300);  // both others come
-    EXPECT_GT(seen[0][2] + seen[1][0] + seen[2][1], 1300);
-    int first[3] = {};
-    for (int i = 0; i < 300; ++i) ++first[chooseNextTrack(noTrack)];
-    for (int count : first) EXPECT_GT(count, 50);
+    for (int last = 0; last < 4; ++last)
+        for (int track = 0; track < 3; ++track)
+            EXPECT_EQ(seen[last][track] > 300, last != track) << last << " " << track;
 
-    struct Row {
-        uint8_t result, players;
-        bool survival;
-        uint8_t entry;
-    };
-    for (Row row : {Row{resultChangeLevel, 1, false, 1}, Row{resultChangeLevel, 1, true, 2},
-                    Row{resultChangeLevel, 2, true, 3}, Row{resultExitToMenu, 1, true, 0},
-                    Row{resultResume, 2, true, 0}, Row{resultQuit, 1, false, 0},
-                    Row{resultRestart, 1, false, 0}})
-        EXPECT_EQ(menuEntryAfter(row.result, row.players, row.survival), row.entry)
-            << int(row.result) << " " << int(row.players) << row.survival;
+    // Result, players, survival, and where the next menu opens.
+    const int rows[][4] = {{resultChangeLevel, 1, 0, 1}, {resultChangeLevel, 1, 1, 2},
+                           {resultChangeLevel, 2, 1, 3}, {resultExitToMenu, 1, 1, 0},
+                           {resultResume, 2, 1, 0},      {resultQuit, 1, 0, 0},
+                           {resultRestart, 1, 0, 0}};
+    for (const auto& row : rows)
+        EXPECT_EQ(menuEntryAfter(row[0], row[1], row[2] != 0), row[3]) << row[0] << row[1] << row[2];
 }

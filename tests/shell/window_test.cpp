@@ -1,5 +1,5 @@
-// The one window: what is asked for by the settings and the desktop, where it
-// goes, what the log says of it, and the list of resolutions offered.
+// The one window: what the settings and the desktop ask for, where it goes,
+// what the log says of it, and the resolutions offered.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -11,35 +11,21 @@
 #include "shell/window.h"
 #include "support/scratch_dir.h"
 
-namespace {
-
-std::string openAndLog(bool reopen)
-{
-    testing::internal::CaptureStdout();
-    openDisplayWindow(reopen);
-    return testing::internal::GetCapturedStdout();
-}
-
-GLFWvidmode mode(int w, int h, int bits = 8) { return GLFWvidmode{w, h, bits, bits, bits}; }
-
-}  // namespace
-
 TEST(DisplayWindow, TheRequestFollowsTheSettingsAndTheDesktop)
 {
     ScratchDir dir;
     forgetCachedVolumes();
     testBackend::reset();
-    ASSERT_TRUE(glfwInit());
+    glfwInit();
     desktopWidth = 1280;
     desktopHeight = 720;
     const auto& window = testBackend::window();
-    std::string log = openAndLog(false);  // "Auto" in a window
+    testing::internal::CaptureStdout();
+    openDisplayWindow(false);  // "Auto" in a window: 1000 x 600
+    const std::string log = testing::internal::GetCapturedStdout();
     // llvmpipe is a software rasterizer, and the log says so.
     EXPECT_NE(log.find("\nCouldn't get hardware acceleration!\nColor bits: 32 / 32\n"
                        "Stencil bits: 8 / 8\nMultisampling: "), std::string::npos) << log;
-    EXPECT_EQ(window.requestedWidth, 1000);
-    EXPECT_EQ(window.requestedHeight, 600);
-    EXPECT_EQ(window.mode, GLFW_WINDOW);
     EXPECT_EQ(window.redBits + window.greenBits + window.blueBits + window.alphaBits, 32);
     EXPECT_EQ(window.depthBits, 0);
     EXPECT_EQ(window.stencilBits, 8);
@@ -53,29 +39,28 @@ TEST(DisplayWindow, TheRequestFollowsTheSettingsAndTheDesktop)
     EXPECT_EQ(screenTextureWidth, 1024);
     EXPECT_EQ(screenTextureHeight, 1024);
 
-    struct Step {
-        uint16_t width, height;
-        bool fullscreen;
-        int requestedWidth, requestedHeight, mode;
-    };
-    for (Step step : {Step{800, 600, false, 800, 600, GLFW_WINDOW},
-                      Step{800, 600, true, 800, 600, GLFW_FULLSCREEN},
-                      Step{0, 0, true, 1280, 720, GLFW_FULLSCREEN},  // the desktop's size
-                      Step{0, 0, false, 1000, 600, GLFW_WINDOW}}) {
-        setResolution(step.width, step.height);
-        setFullscreen(step.fullscreen);
-        log = openAndLog(true);
-        EXPECT_EQ(log.rfind("Reopening a window\n", 0), 0u);
-        EXPECT_EQ(window.requestedWidth, step.requestedWidth);
-        EXPECT_EQ(window.requestedHeight, step.requestedHeight);
-        EXPECT_EQ(window.mode, step.mode);
-        EXPECT_EQ(windowWidth, step.requestedWidth);
+    // Stored width and height, fullscreen, then the window's width and height
+    // and mode; "Auto" in fullscreen is the desktop's size.
+    const int steps[][5] = {{800, 600, 0, 800, 600}, {800, 600, 1, 800, 600},
+                            {0, 0, 1, 1280, 720},    {0, 0, 0, 1000, 600}};
+    for (const auto& step : steps) {
+        setResolution(static_cast<uint16_t>(step[0]), static_cast<uint16_t>(step[1]));
+        setFullscreen(step[2] != 0);
+        testing::internal::CaptureStdout();
+        openDisplayWindow(true);
+        EXPECT_EQ(testing::internal::GetCapturedStdout().rfind("Reopening a window\n", 0), 0u);
+        EXPECT_EQ(window.requestedWidth, step[3]);
+        EXPECT_EQ(window.requestedHeight, step[4]);
+        EXPECT_EQ(window.mode, step[2] ? GLFW_FULLSCREEN : GLFW_WINDOW);
+        EXPECT_EQ(windowHeight, step[4]);
     }
     EXPECT_EQ(window.closeCount, 4u);
 
     desktopWidth = 801;  // a desktop smaller than the window
     desktopHeight = 599;
-    openAndLog(true);
+    testing::internal::CaptureStdout();
+    openDisplayWindow(true);
+    testing::internal::GetCapturedStdout();
     EXPECT_EQ(window.x, -99);  // -199 / 2, truncated toward zero
     EXPECT_EQ(window.y, 0);    // -1 / 4
     glfwTerminate();
@@ -85,31 +70,30 @@ TEST(DisplayWindow, ResolutionsOfferedAndTheScreenTextureSizes)
 {
     ScratchDir dir;
     forgetCachedVolumes();
-    // Walked from the largest, only 24 colour bits and at least 512 x 512.
-    GLFWvidmode modes[] = {mode(640, 480), mode(800, 600, 5), mode(800, 600), mode(1024, 512),
-                           mode(1280, 720), mode(1920, 1080)};
-    buildVideoModes(modes, 6);
-    EXPECT_EQ(videoModes, (std::vector<std::pair<int16_t, int16_t>>{
-                              {1920, 1080}, {1280, 720}, {1024, 512}, {800, 600}}));
+    const auto mode = [](int w, int h, int bits) { return GLFWvidmode{w, h, bits, bits, bits}; };
+    // Walked from the largest; only 24 colour bits and at least 512 x 512.
+    GLFWvidmode modes[] = {mode(640, 480, 8), mode(800, 600, 5), mode(800, 600, 8),
+                           mode(1024, 512, 8), mode(1280, 720, 8), mode(1920, 1080, 8)};
     std::vector<GLFWvidmode> many;
-    for (int i = 0; i < 20; ++i) many.push_back(mode(600 + i * 10, 600));
+    for (int i = 0; i < 20; ++i) many.push_back(mode(600 + i * 10, 600, 8));
     buildVideoModes(many.data(), 20);  // fifteen at most
     ASSERT_EQ(videoModes.size(), 15u);
     EXPECT_EQ(videoModes.front().first, 790);
     EXPECT_EQ(videoModes.back().first, 650);
+    buildVideoModes(modes, 6);
+    EXPECT_EQ(videoModes, (std::vector<std::pair<int16_t, int16_t>>{
+                              {1920, 1080}, {1280, 720}, {1024, 512}, {800, 600}}));
 
     // A stored resolution the desktop no longer offers falls back to "Auto".
-    buildVideoModes(modes, 6);
-    uint16_t width = 0, height = 0;
     for (auto [stored, kept] : {std::pair{1280, true}, std::pair{1366, false}}) {
         setResolution(static_cast<uint16_t>(stored), 720);
         checkStoredResolution();
+        uint16_t width = 0, height = 0;
         getResolution(&width, &height);
         EXPECT_EQ(width, kept ? stored : 0);
         EXPECT_EQ(height, kept ? 720 : 0);
     }
-
     const int16_t sizes[][2] = {{1920, 2048}, {600, 1024}, {512, 512}, {513, 1024},
-                                {3, 4}, {2, 2}, {1, 2}, {0, 2}};
+                                {3, 4},       {2, 2},      {1, 2},     {0, 2}};
     for (const auto& size : sizes) EXPECT_EQ(screenTextureSize(size[0]), size[1]) << size[0];
 }
