@@ -1,22 +1,23 @@
-// The menu's page graph on the test backend, in a 200 x 120 window (the wide
-// space 1000 x 600, a unit a fifth of a pixel) on a slow machine: which key or
-// click leads where, the locks on held keys, what the settings pages store,
-// and what the spine reads back when the loop is over.
+// The menu's page graph in a 200 x 120 window (the wide space 1000 x 600, five
+// units a pixel) on a slow clock: which key or click leads where, the locks on
+// held keys, what the settings pages store and what the spine reads back.
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "data/scores.h"
 #include "data/settings.h"
 #include "menu/menu.h"
-#include "menu_script.h"
 #include "shell/window.h"
+#include "support/input_script.h"
 #include "support/play_session.h"
 
 namespace {
 
 using P = MenuPage;
 using Pages = std::vector<MenuPage>;
+const int up = GLFW_KEY_UP, down = GLFW_KEY_DOWN, enter = GLFW_KEY_ENTER, escape = GLFW_KEY_ESC;
 
 class MenuLoop : public ::testing::Test {
 protected:
@@ -30,58 +31,47 @@ protected:
 
 }  // namespace
 
-TEST_F(MenuLoop, EveryPageByKeyboardWithEscapeAsTheWayBack)
+TEST_F(MenuLoop, EveryPageByMouseAndKeyboardWithEscapeAsTheWayBack)
 {
     const uint8_t soundVolume = getSoundVolume();
     videoModes = {{300, 240}, {200, 150}};
     const unsigned start = testBackend::round();
-    MenuScript s;
-    s.press(GLFW_KEY_UP);    // wraps to "Quit game"
-    s.press(GLFW_KEY_RIGHT); // and back to the first
-    testBackend::keyAt(s.next, GLFW_KEY_UP, true);  // with down in one round: no move
-    testBackend::keyAt(s.next + 2, GLFW_KEY_UP, false);
-    s.press(GLFW_KEY_DOWN, 4);
-    s.press(GLFW_KEY_ENTER);  // Settings
-    for (int setting = 0; setting < 5; ++setting) {
-        s.press(GLFW_KEY_DOWN, setting);
-        s.press(GLFW_KEY_ENTER);
-        s.press(GLFW_KEY_ESC);  // back on Settings, the first button selected
-    }
-    const int downs[][2] = {{2, 1}, {3, 3}, {4, -1}, {1, 0}};  // Disable, " 40 ", Cancel, Windowed
-    for (const auto& choice : downs) {
-        s.press(GLFW_KEY_DOWN, choice[0]);
-        s.press(GLFW_KEY_ENTER);
-        s.press(choice[1] < 0 ? GLFW_KEY_UP : GLFW_KEY_DOWN, choice[1] < 0 ? 1 : choice[1]);
-        s.press(GLFW_KEY_ENTER);
-    }
-    s.press(GLFW_KEY_ESC);    // Main
-    s.press(GLFW_KEY_ENTER);  // level selection
-    s.press(GLFW_KEY_ESC);
-    s.press(GLFW_KEY_DOWN, 4);
-    s.press(GLFW_KEY_ENTER);  // how to play, "Back" selected
-    s.press(GLFW_KEY_DOWN);   // "Next page"
-    for (int turn = 0; turn < 5; ++turn) {
-        s.press(GLFW_KEY_ENTER);  // pictures 2 to 5, the second press within a fade
-        s.wait(turn == 0 ? 0 : 30);
-    }
-    s.press(GLFW_KEY_ENTER);  // on 5 the selection is on "Back": leaves
-    s.press(GLFW_KEY_DOWN, 5);
-    s.press(GLFW_KEY_ENTER);  // credits, the address selected
-    s.press(GLFW_KEY_ENTER);  // opens it; the page stays
-    s.press(GLFW_KEY_ESC);
-    s.press(GLFW_KEY_DOWN, 3);
-    s.press(GLFW_KEY_ENTER);
-    s.press(GLFW_KEY_ENTER);     // Resolution
-    s.press(GLFW_KEY_DOWN, 2);
-    s.press(GLFW_KEY_ENTER);     // "200 x 150": a new window
-    s.press(GLFW_KEY_ESC);
+    testBackend::setKey(enter, true);  // held from the game before: nothing until let go
+    testBackend::setKey(down, true);
+    InputScript s;
+    testBackend::keyAt(s.wait(10).next, enter, false);
+    testBackend::keyAt(s.next, down, false);
+    s.moveMouse(100, 32);           // on "1 player game"
+    s.press(down, 3).press(enter);  // Settings, where the still mouse is on "Window type:"
+    s.press(enter).press(escape).press(escape);  // the first button: Resolution
+    s.moveMouse(2, 2).button(true).wait(6);      // a press beside the buttons takes no lock,
+    s.moveMouse(100, 68).wait(4).button(false);  // and dragging on to "Settings" opens it
+    s.press(escape).moveMouse(100, 104);         // on "Quit game"
+    s.press(up).click().press(escape);  // the click opens the keyboard's "Credits"
+    s.press(up).press(GLFW_KEY_RIGHT);  // wraps to "Quit game" and back
+    InputScript(s.next).press(up);      // with down in one round: no move
+    s.press(down, 4).press(enter);      // Settings
+    for (int setting = 0; setting < 5; ++setting) s.press(down, setting).press(enter).press(escape);
+    s.press(down, 2).press(enter).press(down).press(enter);     // Tutorial: "Disable"
+    s.press(down, 3).press(enter).press(down, 3).press(enter);  // Music volume: " 40 "
+    s.press(down, 4).press(enter).press(up).press(enter);       // Sound volume: "Cancel"
+    s.press(down).press(enter).press(enter);                    // Window type: "Windowed"
+    s.press(escape).press(enter).press(escape);                 // level selection and back
+    s.press(down, 4).press(enter).press(down).press(enter);     // how to play, picture 2
+    s.press(enter).wait(30);  // within the fade: nothing
+    for (int picture = 3; picture <= 5; ++picture) s.press(enter).wait(30);
+    s.press(enter);  // on picture 5 "Back" is selected: leaves
+    s.press(down, 5).press(enter).press(enter).press(escape);  // credits: the address opens
+    s.press(down, 3).press(enter).press(enter).press(down, 2).press(enter);  // "200 x 150"
+    s.press(escape);
     const unsigned quitRound = s.next - start + 1;
-    s.press(GLFW_KEY_ESC);  // quits at once
+    s.press(escape);  // quits at once
     const unsigned opened = testBackend::window().openCount;
     Menu menu(menuEntryMain);
 
     EXPECT_EQ(menu.pagesOpened,
-              (Pages{P::Main, P::Settings, P::Resolution, P::Settings, P::WindowType, P::Settings,
+              (Pages{P::Main, P::Settings, P::Resolution, P::Settings, P::Main, P::Settings, P::Main,
+                     P::Credits, P::Main, P::Settings, P::Resolution, P::Settings, P::WindowType, P::Settings,
                      P::Tutorial, P::Settings, P::MusicVolume, P::Settings, P::SoundVolume,
                      P::Settings, P::Tutorial, P::Settings, P::MusicVolume, P::Settings,
                      P::SoundVolume, P::Settings, P::WindowType, P::Settings, P::Main,
@@ -110,68 +100,26 @@ TEST_F(MenuLoop, EveryPageByKeyboardWithEscapeAsTheWayBack)
 
 TEST_F(MenuLoop, EachModeAndEntryReachesTheGameWithItsRules)
 {
-    saveStageScore(1, 325);  // most of map 1's par: map 2 opens, map 3 doesn't
+    saveStageScore(1, 325);        // most of map 1's par: map 2 opens, map 3 doesn't
     saveSurvivalScore(2, 999999);  // survival opens nothing
-    struct Case {
-        uint8_t entry;
-        int modeDowns, mapDowns;
-        uint8_t players;
-        bool survival;
-        uint8_t map;  // 0: "Back", then Escape quits
-    };
-    for (Case c : {Case{menuEntryMain, 0, 1, 1, false, 2}, Case{menuEntryMain, 1, 0, 1, true, 1},
-                   Case{menuEntryMain, 2, 1, 2, true, 2}, Case{menuEntryStage, -1, 0, 1, false, 1},
-                   Case{menuEntrySurvival, -1, 1, 1, true, 2},
-                   Case{menuEntryTwoPlayers, -1, 2, 2, true, 0}}) {
-        SCOPED_TRACE(c.entry * 10 + c.modeDowns);
-        MenuScript s;
-        if (c.modeDowns >= 0) {
-            s.press(GLFW_KEY_DOWN, c.modeDowns);
-            s.press(GLFW_KEY_ENTER);
-        }
-        s.press(GLFW_KEY_DOWN, c.mapDowns);
-        s.press(GLFW_KEY_ENTER);
-        s.press(GLFW_KEY_ESC);
-        Menu menu(c.entry);
+    // Entry, downs on the main page (-1: none) and on the maps, then players,
+    // survival and the map chosen (0: "Back", and Escape quits).
+    const int cases[][6] = {{menuEntryMain, 0, 1, 1, 0, 2},  {menuEntryMain, 1, 0, 1, 1, 1},
+                            {menuEntryMain, 2, 1, 2, 1, 2},  {menuEntryStage, -1, 0, 1, 0, 1},
+                            {menuEntrySurvival, -1, 1, 1, 1, 2}, {menuEntryTwoPlayers, -1, 2, 2, 1, 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c[0] * 10 + c[1]);
+        InputScript s;
+        if (c[1] >= 0) s.press(down, c[1]).press(enter);
+        s.press(down, c[2]).press(enter).press(escape);
+        Menu menu(static_cast<uint8_t>(c[0]));
         EXPECT_EQ(menu.unlockedMaps, 2);
-        EXPECT_EQ(menu.isStartRequested(), c.map != 0);
-        EXPECT_EQ(menu.getPlayerCount(), c.players);
-        EXPECT_EQ(menu.isSurvivalRules(), c.survival);
-        if (c.map != 0) {
-            EXPECT_EQ(menu.getMapNumber(), c.map);
-            EXPECT_EQ(menu.getMapPath(), "content/maps/map" + std::to_string(c.map) + ".txt");
-        }
-        EXPECT_EQ(menu.pagesOpened.back(), c.map ? P::LevelSelection : P::Main);
+        EXPECT_EQ(menu.isStartRequested(), c[5] != 0);
+        EXPECT_EQ(menu.getPlayerCount(), c[3]);
+        EXPECT_EQ(menu.isSurvivalRules(), c[4] != 0);
+        if (c[5] == 0) continue;
+        EXPECT_EQ(menu.getMapNumber(), c[5]);
+        EXPECT_EQ(menu.getMapPath(), "content/maps/map" + std::to_string(c[5]) + ".txt");
+        EXPECT_EQ(menu.rowHighlights.empty(), c[3] == 2);  // two players: no row frame
     }
-}
-
-TEST_F(MenuLoop, HeldKeysWaitAndTheMouseActsOnlyWhenItMoves)
-{
-    testBackend::setKey(GLFW_KEY_ENTER, true);  // held from the game before
-    testBackend::setKey(GLFW_KEY_DOWN, true);
-    MenuScript s;
-    s.wait(10);
-    testBackend::keyAt(s.next, GLFW_KEY_ENTER, false);
-    testBackend::keyAt(s.next, GLFW_KEY_DOWN, false);
-    s.moveMouse(100, 32);  // "1 player game"
-    s.press(GLFW_KEY_DOWN, 3);
-    s.press(GLFW_KEY_ENTER);  // Settings: the resting mouse is on "Window type:"
-    s.press(GLFW_KEY_ENTER);  // and the first button still selected: Resolution
-    s.press(GLFW_KEY_ESC);
-    s.press(GLFW_KEY_ESC);
-    s.moveMouse(2, 2);        // a press beside the buttons takes no lock,
-    s.mouseButton(true);
-    s.wait(6);
-    s.moveMouse(100, 68);     // and dragging on to "Settings" activates it
-    s.wait(4);
-    s.mouseButton(false);
-    s.press(GLFW_KEY_ESC);
-    s.moveMouse(100, 88);     // "Credits"
-    s.press(GLFW_KEY_DOWN);   // "Quit game", the mouse resting on "Credits"
-    s.click();                // the keyboard's selection: quits
-    Menu menu(menuEntryMain);
-    EXPECT_EQ(menu.pagesOpened, (Pages{P::Main, P::Settings, P::Resolution, P::Settings, P::Main,
-                                       P::Settings, P::Main}));
-    EXPECT_FALSE(menu.isStartRequested());
-    EXPECT_EQ(menu.selection, 6);
 }

@@ -96,9 +96,6 @@ TEST(GameLoop, LeavingEarlyByTheWindowOrThePause)
              testBackend::closeAt(40);
          },
          resultResume, 0, 40 - 12},
-        {"restart chosen in the pause", 2, false, true,
-         [] { InputScript(5).press(GLFW_KEY_ESC).press(GLFW_KEY_DOWN).press(GLFW_KEY_ENTER); },
-         resultRestart, 2, 5},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

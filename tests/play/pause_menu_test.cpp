@@ -29,8 +29,6 @@ TEST(PauseMenu, AnswersByScript)
          1, 61 + 40, 0},
         {"a quick resume plays back what it played", [](InputScript& s) { s.wait(3).press('P'); },
          1, 6 + 6, 0},
-        {"Enter on Resume game takes the same road",
-         [](InputScript& s) { s.wait(3).press(GLFW_KEY_ENTER); }, 1, 6 + 6, 0},
         {"Enter on Restart level ends in its round",
          [](InputScript& s) { s.wait(1).press(GLFW_KEY_DOWN).wait(1).press(GLFW_KEY_ENTER); }, 2, 9, 1},
         {"up wraps to the last; down with up in one round nets nothing", [](InputScript& s) {

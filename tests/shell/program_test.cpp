@@ -4,6 +4,7 @@
 // the small rules between a game and the next.
 #include <gtest/gtest.h>
 
+#include <GL/glew.h>
 #include <algorithm>
 #include <functional>
 #include <stdexcept>
@@ -12,6 +13,9 @@
 #include "base/random.h"
 #include "data/settings.h"
 #include "play/game.h"
+#include "render/generated_textures.h"
+#include "render/primitives.h"
+#include "render/text.h"
 #include "shell/program.h"
 #include "shell/spine_rules.h"
 #include "shell/startup.h"
@@ -51,6 +55,8 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
     testBackend::watchFrames([&](unsigned round) {
         if (menuStart == 0 && lastFrame >= 0 && testBackend::now() - lastFrame > 0.5) {
             menuStart = round;
+            for (uint32_t texture : {fontTexture, panelButtonTexture, screenTexture, surfaceTexture})
+                EXPECT_TRUE(glIsTexture(texture));  // what the start-up made
             const auto press = [round](unsigned at, int key) { InputScript(round + at).press(key); };
             press(5, GLFW_KEY_ENTER);    // "1 player game"
             press(15, GLFW_KEY_ENTER);   // map 1; the game begins after the fade
@@ -113,14 +119,12 @@ TEST(SpineRules, TheTrackChangesAndTheMenuOpensWhereTheGameSays)
     seedRandom(99);
     int seen[4][3] = {};  // by the track before (3: none yet) and the one chosen
     for (int i = 0; i < 4000; ++i) {
-        const uint8_t last = i % 4 == 3 ? noTrack : static_cast<uint8_t>(i % 4);
-        const uint8_t track = chooseNextTrack(last);
+        const uint8_t track = chooseNextTrack(i % 4 == 3 ? noTrack : static_cast<uint8_t>(i % 4));
         ASSERT_LT(track, 3);
         ++seen[i % 4][track];
     }
-    for (int last = 0; last < 4; ++last)
-        for (int track = 0; track < 3; ++track)
-            EXPECT_EQ(seen[last][track] > 300, last != track) << last << " " << track;
+    for (int last = 0; last < 4; ++last)  // never the track before, any other often
+        for (int track = 0; track < 3; ++track) EXPECT_EQ(seen[last][track] > 300, last != track);
 
     // Result, players, survival, and where the next menu opens.
     const int rows[][4] = {{resultChangeLevel, 1, 0, 1}, {resultChangeLevel, 1, 1, 2},
