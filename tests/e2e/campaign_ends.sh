@@ -2,7 +2,6 @@
 # The two ends of the campaign, played by the headless runner on seed 1: a new
 # player who only builds cannons wins map 1 and loses map 20; the smart policy,
 # which plays the upgrade economy, wins map 20 (docs/balance.md has the table).
-#
 #   sh campaign_ends.sh RUN_DIR BUILD_DIR    (under an X server)
 set -u
 RUNNER=$2/tools/headless_runner

@@ -1,7 +1,6 @@
 #!/bin/sh
 # The player closes the game's window: the game must notice, shut down and
 # exit with code 0, having logged what its window turned out to be.
-#
 #   sh window_close.sh RUN_DIR BUILD_DIR    (under an X server, with xdotool)
 set -u
 RUN_DIR=$(cd "$1" && pwd) && BUILD_DIR=$(cd "$2" && pwd) || exit 1
@@ -24,9 +23,7 @@ xdotool windowfocus "$WINDOW" 2>/dev/null  # a window without focus pauses a gam
 "$BUILD_DIR/x11_close_window" Gorvan 5 || fail "could not ask the window to close"
 for i in $(seq 300); do running && sleep 0.2; done
 running && fail "the game did not exit within a minute of the close"
-wait "$GAME"
-STATUS=$?
-[ "$STATUS" -eq 0 ] || fail "exit code $STATUS, expected 0"
+wait "$GAME" || fail "exit code $?, expected 0"
 grep -q -e "^Hardware accelerated window succesfully opened!$" \
     -e "^Couldn't get hardware acceleration!$" "$LOG" || fail "no line about acceleration"
 for line in "Color bits: " "Stencil bits: " "Multisampling: "; do

@@ -1,11 +1,7 @@
-// Asks a window to close the way a window manager's close button does: a
-// WM_DELETE_WINDOW message to each window whose title is exactly the given one.
-//
+// Asks each window titled exactly TITLE to close, as a window manager's close
+// button does (WM_DELETE_WINDOW), looking for up to SECONDS (default: once).
 //   x11_close_window TITLE [SECONDS]
-//
-// Looks for the window for up to SECONDS (default 0: one look). Exit status:
-// 0 when the message was sent, 1 when no such window was found, 2 on bad
-// arguments or without an X display.
+// Exit status: 0 sent, 1 no such window, 2 bad arguments or no X display.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
@@ -47,10 +43,10 @@ int main(int argc, char** argv)
     const auto deadline = std::chrono::steady_clock::now() +
                           std::chrono::duration<double>(argc == 3 ? std::atof(argv[2]) : 0.0);
     std::vector<Window> found;
-    findWindows(display, DefaultRootWindow(display), argv[1], found);
-    while (found.empty() && std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    for (;;) {
         findWindows(display, DefaultRootWindow(display), argv[1], found);
+        if (!found.empty() || std::chrono::steady_clock::now() >= deadline) break;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
     }
     for (Window window : found) {
         XEvent event = {};

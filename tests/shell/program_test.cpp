@@ -1,7 +1,6 @@
 // The program's entry on the test backend: a whole run from the boot screen
-// through the menu, a game, its restart and the way back; the handler that
-// turns whatever a start-up throws into a line on stderr and a notice; and
-// the small rules between a game and the next.
+// through the menu, a game, its restart and back; the handler that turns what
+// a start-up throws into a line on stderr and a notice; the rules between games.
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
@@ -28,7 +27,6 @@ struct ProgramRun {
     int returned;
     std::string out, err;
 };
-
 ProgramRun runProgram()
 {
     testing::internal::CaptureStdout();
@@ -57,16 +55,12 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
             menuStart = round;
             for (uint32_t texture : {fontTexture, panelButtonTexture, screenTexture, surfaceTexture})
                 EXPECT_TRUE(glIsTexture(texture));  // what the start-up made
-            const auto press = [round](unsigned at, int key) { InputScript(round + at).press(key); };
-            press(5, GLFW_KEY_ENTER);    // "1 player game"
-            press(15, GLFW_KEY_ENTER);   // map 1; the game begins after the fade
-            press(200, GLFW_KEY_ESC);    // pause,
-            press(210, GLFW_KEY_DOWN);
-            press(220, GLFW_KEY_ENTER);  // "Restart level"
-            press(400, GLFW_KEY_ESC);
-            press(410, GLFW_KEY_UP);
-            press(420, GLFW_KEY_ENTER);  // "Exit to menu"
-            press(600, GLFW_KEY_ESC);    // quits on the main page
+            const int enter = GLFW_KEY_ENTER, escape = GLFW_KEY_ESC;
+            InputScript(round + 5).press(enter).wait(6).press(enter);  // "1 player game", map 1
+            // Pause, "Restart level"; pause, "Exit to menu"; Escape quits on the main page.
+            InputScript(round + 200).press(escape).wait(6).press(GLFW_KEY_DOWN).wait(6).press(enter);
+            InputScript(round + 400).press(escape).wait(6).press(GLFW_KEY_UP).wait(6).press(enter);
+            InputScript(round + 600).press(escape);
             testBackend::closeAt(round + 2000);  // should the road go elsewhere
         }
         lastFrame = testBackend::now();
