@@ -43,7 +43,8 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
     ScratchDir dir;
     linkBuiltContent();
     testBackend::reset();
-    setFullscreen(true);  // "Auto" in fullscreen is the desktop's size, here tiny
+    setResolution(1366, 768);  // not among the desktop's modes: "Auto",
+    setFullscreen(true);       // which in fullscreen is the desktop's size, here tiny
     testBackend::setDesktopMode(GLFWvidmode{100, 60, 8, 8, 8});
     testBackend::setFrameCost(0.05);
     // The boot screen's length depends on its random lines, and it ends with a
@@ -78,6 +79,7 @@ TEST(Program, PlaysRestartsGoesBackToTheMenuAndQuits)
     ASSERT_NE(menuStart, 0u);
     EXPECT_EQ(testBackend::round() - menuStart, 601u + 71u);  // and the menu's fade
     EXPECT_FALSE(testBackend::window().open);
+    EXPECT_EQ(testBackend::window().requestedWidth, 100);
 }
 
 TEST(Program, WhatAStartUpThrowsBecomesAnErrorLineAndANotice)
