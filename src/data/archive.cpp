@@ -6,6 +6,10 @@
 
 namespace {
 
+// The longest entry handed out: far beyond any picture or shader, and small
+// enough to allocate whatever a damaged length asks for.
+constexpr uint32_t longestEntry = 256u << 20;
+
 // The archive file read byte by byte from the front. A read that runs past the
 // end gives the byte 0 for each missing byte (as a failed single-byte read does
 // once complemented) and leaves the stream at its end; from then on a relative
@@ -17,7 +21,6 @@ public:
 
     bool hitEnd() const { return atEnd; }
     uint64_t bytesLeft() const { return position < fileSize ? fileSize - position : 0; }
-    uint64_t size() const { return fileSize; }
 
     void seekTo(uint64_t offset) { position = offset; }
 
@@ -104,14 +107,15 @@ unsigned char* readEntry(const char* archivePath, const char* entryName, uint32_
 
         uint32_t dataLength = stream.readLength();
         // A block cut short by the end of the file comes back zero-filled at its
-        // stated length; one that would run past the end by more than the whole
-        // file is damage, not truncation.
-        uint64_t missing = dataLength > stream.bytesLeft() ? dataLength - stream.bytesLeft() : 0;
+        // stated length, up to a length that no content comes near.
         unsigned char* data = nullptr;
-        if (missing <= stream.size()) data = new (std::nothrow) unsigned char[dataLength];
+        if (dataLength <= longestEntry) data = new (std::nothrow) unsigned char[dataLength];
         if (!data) {
-            fprintf(stderr, "Couldn't read %s from %s: its length %u runs far past the end of the file\n",
-                    entryName, archivePath, static_cast<unsigned>(dataLength));
+            const char* why = dataLength <= longestEntry        ? "does not fit in memory"
+                              : dataLength > stream.bytesLeft() ? "runs far past the end of the file"
+                                                                : "is more than an entry may hold";
+            fprintf(stderr, "Couldn't read %s from %s: its length %u %s\n", entryName,
+                    archivePath, static_cast<unsigned>(dataLength), why);
             fflush(stderr);
             fclose(file);
             return nullptr;

@@ -18,22 +18,11 @@ constexpr long survivalTable = mapCount * 4;
 // Opens the file for reading, making a fresh one of zeros when it is missing.
 FILE* openScoreFile()
 {
-    FILE* file = std::fopen(scorePath, "rb");
-    if (file) return file;
-
-    FILE* created = std::fopen(scorePath, "wb");
-    if (created) {
-        const unsigned char zeros[fileSize] = {};
-        std::fwrite(zeros, 1, sizeof zeros, created);
-        std::fclose(created);
-        std::printf("Created new score file\n");
-    } else {
-        std::fprintf(stderr, "Couldn't create new score file!\n");
-    }
-
-    file = std::fopen(scorePath, "rb");
-    if (!file) std::fprintf(stderr, "Couldn't open score file!\n");
-    return file;
+    static const unsigned char zeros[fileSize] = {};
+    static const SmallFileLines lines = {"Created new score file",
+                                         "Couldn't create new score file!",
+                                         "Couldn't open score file!"};
+    return openSmallFile(scorePath, zeros, sizeof zeros, lines);
 }
 
 // Offset of a map's value in a table, or -1 for a map number out of range.

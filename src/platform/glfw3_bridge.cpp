@@ -3,6 +3,8 @@
 
 #include <GLFW/glfw3.h>
 
+#include "platform/carried_keys.h"
+
 #include <cctype>
 #include <cstdio>
 
@@ -12,6 +14,7 @@ namespace {
 
 bool started = false;
 GLFWwindow* window = nullptr;
+CarriedKeys carriedKeys;  // held through the last rebuild of the window
 
 // GLFW 3's keys for the 2.7 special keys, in 2.7's order from ESC (257).
 const int SPECIAL_KEYS[LAST_SPECIAL_KEY - FIRST_SPECIAL_KEY + 1] = {
@@ -148,12 +151,18 @@ bool openWindow(const WindowRequest& request)
         return false;
     }
     glfwMakeContextCurrent(window);
+    carriedKeys.windowOpened(glfwGetTime());
     return true;
 }
 
 void closeWindow()
 {
     if (window) {
+        std::vector<int> keysDown;
+        for (int code = 0; code <= LAST_SPECIAL_KEY; code++) {
+            if (keyDown(code)) keysDown.push_back(code);
+        }
+        carriedKeys.carry(keysDown);
         glfwDestroyWindow(window);
         window = nullptr;
     }
@@ -253,7 +262,8 @@ int hostKeyFor(int legacyKey)
 bool keyDown(int legacyKey)
 {
     int key = hostKeyFor(legacyKey);
-    return window && key >= 0 && glfwGetKey(window, key) == GLFW_PRESS;
+    bool down = window && key >= 0 && glfwGetKey(window, key) == GLFW_PRESS;
+    return window && carriedKeys.isDown(legacyKey, down, glfwGetTime());
 }
 
 bool mouseButtonDown(int button)

@@ -19,6 +19,10 @@
 // back buffer keeps the frame just finished, as under Mesa on the desktop;
 // glfwCloseWindow() destroys the window and its context.
 //
+// A key down when a window opens (held through a rebuild of the window)
+// reaches the new window only with the keyboard's repeat, half a second
+// later, as on GLFW 3; a key pressed after the opening is seen at once.
+//
 // Keys are 2.7 codes. A letter scripted in lower case is the key of that
 // letter, which the game sees under its upper-case code, as on the desktop.
 // glfwGetKey() and friends answer GLFW_RELEASE while no window is open.
@@ -31,6 +35,9 @@
 #include "platform/glfw.h"
 
 namespace testBackend {
+
+// Seconds from a window's opening to the repeat of a key held since before.
+constexpr double keyRepeatDelay = 0.5;
 
 // Back to a fresh state: clock 0, round 0, no input held, mouse at 0, 0, no
 // script, focus on, default modes (see below), no failures armed, no frame

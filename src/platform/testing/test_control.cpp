@@ -73,6 +73,7 @@ void apply(const ScriptEvent& event)
     case ScriptEvent::Key:
         if (keySlot(event.a) >= 0) {
             s.keys[keySlot(event.a)] = event.on;
+            s.awaitingRepeat[keySlot(event.a)] = false;  // the open window hears it
         }
         break;
     case ScriptEvent::MouseButton:

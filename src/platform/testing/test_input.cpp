@@ -34,12 +34,14 @@ void glfwPollEvents()
 
 int glfwGetKey(int key)
 {
-    const auto& s = state();
+    auto& s = state();
     // Only upper-case letters are keys, as 2.7 reports them.
     if (!s.record.open || key < 0 || key > GLFW_KEY_LAST || (key >= 'a' && key <= 'z')) {
         return GLFW_RELEASE;
     }
-    return s.keys[key] ? GLFW_PRESS : GLFW_RELEASE;
+    const bool repeatCame = s.clock >= s.windowOpenedAt + testBackend::keyRepeatDelay;
+    const bool windowSees = s.keys[key] && (!s.awaitingRepeat[key] || repeatCame);
+    return s.carriedKeys.isDown(key, windowSees, s.clock) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 int glfwGetMouseButton(int button)

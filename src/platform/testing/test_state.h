@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/back_buffer_keeper.h"
+#include "platform/carried_keys.h"
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
 
@@ -33,8 +34,13 @@ struct BackendState {
     std::vector<ScriptEvent> script;  // in order of round, then of scripting
     FrameWatcher frameWatcher;
 
-    // Input as the game sees it
+    // Input: what the script holds down. A key already down when a window
+    // opens reaches that window only with the keyboard's repeat, as on GLFW 3;
+    // the layer carries the keys held through a rebuild (carried_keys.h).
     bool keys[GLFW_KEY_LAST + 1] = {};
+    bool awaitingRepeat[GLFW_KEY_LAST + 1] = {};
+    double windowOpenedAt = 0;
+    CarriedKeys carriedKeys;
     bool buttons[GLFW_MOUSE_BUTTON_LAST + 1] = {};
     int mouseX = 0, mouseY = 0;
     bool focused = true;
