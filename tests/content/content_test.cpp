@@ -90,8 +90,7 @@ TEST(Content, PicturesAreBuiltInTheirShapeAndClearOrSolidWhereDrawingNeedsIt)
         EXPECT_EQ(alpha("background.spg", x, y), 0) << x << ", " << y;
     for (auto [x, y] : {std::pair{410, 300}, {5, 5}, {200, 590}, {620, 120}})
         EXPECT_EQ(alpha("background.spg", x, y), 255) << x << ", " << y;
-    // Sprites: the gear's hole and rim, the bar's pivot end, solid boxes, glass over the bars (at most 63),
-    // clear corners, and rows upright (the progress tab's rounded top, the cannon base's solid foot).
+    // Sprites: the gear's hole, the bar's pivot, solid boxes, glass (at most 63), clear corners, rows upright.
     const std::tuple<const char*, double, double, int> spots[] = {
         {"gear.spg", 25, 25, 0}, {"gear.spg", 25, 8, 255}, {"cannon_bar.spg", 0.2, 0.5, 0},
         {"cannon_bar.spg", 0.75, 0.5, 255}, {"button2.spg", 25, 15, 255}, {"box.spg", 22, 15, 255},

@@ -107,7 +107,7 @@ protected:
     ScratchDir scratch;
 };
 
-TEST_F(SoundTest, EffectIsHeardForItsLengthAndAPauseHoldsItsPlace)
+TEST_F(SoundTest, EffectsAreHeardForTheirLengthAndAPauseHoldsItsPlace)
 {
     {
         Sound effect(tonePath, false, false);
@@ -119,12 +119,15 @@ TEST_F(SoundTest, EffectIsHeardForItsLengthAndAPauseHoldsItsPlace)
         effect.setPaused(false);
         listen(0.45);
         EXPECT_FALSE(isPlaying(effect.channel));
+        Sound stereo(loopPath, false, false);  // 0.25 s of stereo, decoded whole
+        stereo.play();
+        listen(0.35);
     }
     shutdownAudio();  // finishes the captured file
     CapturedAudio mix = readCapture();
-    EXPECT_NEAR(mix.soundingSeconds(), 0.4, 0.06) << "the rest after the pause, not all of it again";
+    EXPECT_NEAR(mix.soundingSeconds(), 0.65, 0.07) << "the rest after the pause, not all of it again";
     EXPECT_GT(mix.peak, 8000) << "half of full scale, centred";
-    ASSERT_EQ(mix.gapsInside().size(), 1u);
+    ASSERT_EQ(mix.gapsInside().size(), 2u) << "the pause, and the wait for the stereo effect";
     EXPECT_NEAR(mix.gapsInside()[0], 0.25, 0.05);
     stdoutOf(initAudio);  // for the fixture to shut down
 }
