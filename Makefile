@@ -4,11 +4,12 @@
 # and for developers:
 #   make check-sanitize  every test again, built with the address and
 #                        undefined-behaviour sanitizers in build-sanitize/
+#   make fuzz            the fuzz targets of every reader (tools/fuzz/)
 BUILD ?= build
 SANITIZE_BUILD ?= build-sanitize
 JOBS ?= $(shell nproc)
 
-.PHONY: play check build deps configure clean check-sanitize
+.PHONY: play check build deps configure clean check-sanitize fuzz
 
 deps:
 	./tools/install-deps.sh
@@ -38,6 +39,11 @@ check-sanitize: deps
 	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
 	cd $(SANITIZE_BUILD) && xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" \
 		ctest --output-on-failure -j $(JOBS) --timeout 1800
+
+# Builds the fuzz targets with clang in build-fuzz/ and runs each in turn;
+# FUZZ_RUNS executions each (default 100000), see tools/fuzz/run-fuzzers.sh.
+fuzz:
+	tools/fuzz/run-fuzzers.sh $(FUZZ_RUNS)
 
 clean:
 	rm -rf $(BUILD) $(SANITIZE_BUILD)
