@@ -4,11 +4,17 @@
 #include <cstring>
 #include <new>
 
+#include "base/log.h"
+
 namespace {
 
 // The longest entry handed out: far beyond any picture or shader, and small
-// enough to allocate whatever a damaged length asks for.
-constexpr uint32_t longestEntry = 256u << 20;
+// enough to allocate whatever a damaged length asks for. Fuzz builds set a
+// smaller one, so that no execution spends its time filling zeros.
+#ifndef GORVAN_LONGEST_ENTRY
+#define GORVAN_LONGEST_ENTRY (256u << 20)
+#endif
+constexpr uint32_t longestEntry = GORVAN_LONGEST_ENTRY;
 
 // The archive file read byte by byte from the front. A read that runs past the
 // end gives the byte 0 for each missing byte (as a failed single-byte read does
@@ -68,8 +74,7 @@ uint64_t sizeOfFile(FILE* file)
 
 void reportNotFound(const char* archivePath, const char* entryName)
 {
-    fprintf(stderr, "Couldn't find %s from %s\n", entryName, archivePath);
-    fflush(stderr);
+    logError("Couldn't find %s from %s", entryName, archivePath);
 }
 
 }  // namespace
@@ -80,8 +85,7 @@ unsigned char* readEntry(const char* archivePath, const char* entryName, uint32_
 {
     FILE* file = fopen(archivePath, "rb");
     if (!file) {
-        fprintf(stderr, "Couldn't open %s\n", archivePath);
-        fflush(stderr);
+        logError("Couldn't open %s", archivePath);
         return nullptr;
     }
     ArchiveStream stream(file, sizeOfFile(file));
@@ -114,9 +118,8 @@ unsigned char* readEntry(const char* archivePath, const char* entryName, uint32_
             const char* why = dataLength <= longestEntry        ? "does not fit in memory"
                               : dataLength > stream.bytesLeft() ? "runs far past the end of the file"
                                                                 : "is more than an entry may hold";
-            fprintf(stderr, "Couldn't read %s from %s: its length %u %s\n", entryName,
-                    archivePath, static_cast<unsigned>(dataLength), why);
-            fflush(stderr);
+            logError("Couldn't read %s from %s: its length %u %s", entryName, archivePath,
+                     static_cast<unsigned>(dataLength), why);
             fclose(file);
             return nullptr;
         }

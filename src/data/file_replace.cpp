@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/log.h"
+
 namespace {
 
 // Writes all bytes and makes sure they reached the disk; closes the file.
@@ -27,12 +29,12 @@ FILE* openSmallFile(const char* path, const unsigned char* defaults, size_t size
     if (file) return file;
     if (errno == ENOENT) {
         if (replaceFileContents(path, defaults, size))
-            std::printf("%s\n", lines.created);
+            logInfo("%s", lines.created);
         else
-            std::fprintf(stderr, "%s\n", lines.cannotCreate);
+            logError("%s", lines.cannotCreate);
         file = std::fopen(path, "rb");
     }
-    if (!file) std::fprintf(stderr, "%s\n", lines.cannotOpen);
+    if (!file) logError("%s", lines.cannotOpen);
     return file;
 }
 

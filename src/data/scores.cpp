@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "base/log.h"
 #include "data/file_replace.h"
 
 namespace {
@@ -29,7 +30,7 @@ FILE* openScoreFile()
 long valueOffset(long table, int mapNumber)
 {
     if (mapNumber < 1 || mapNumber > mapCount) {
-        std::fprintf(stderr, "No score for map %d: maps are 1 to %d\n", mapNumber, mapCount);
+        logError("No score for map %d: maps are 1 to %d", mapNumber, mapCount);
         return -1;
     }
     return table + (mapNumber - 1) * 4;
@@ -68,7 +69,7 @@ void saveScore(long table, int mapNumber, uint32_t score)
     // Written beside the old file and renamed over it, so a failed save
     // leaves the old scores standing.
     if (!replaceFileContents(scorePath, bytes, sizeof bytes)) {
-        std::fprintf(stderr, "Cannot save score!\n");
+        logError("Cannot save score!");
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "base/log.h"
 #include "data/file_replace.h"
 
 namespace {
@@ -74,7 +75,7 @@ void writeSettings(const Settings& s)
         static_cast<unsigned char>(s.tutorialEnabled ? 0 : 1),  // stored inverted
         s.musicVolume, s.soundVolume};
     if (!replaceFileContents(settingsPath, bytes, settingsSize))
-        std::fprintf(stderr, "Cannot save settings!\n");
+        logError("Cannot save settings!");
 }
 
 }  // namespace

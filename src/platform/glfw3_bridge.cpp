@@ -3,10 +3,10 @@
 
 #include <GLFW/glfw3.h>
 
-#include "platform/carried_keys.h"
-
 #include <cctype>
 #include <cstdio>
+
+#include "platform/carried_keys.h"
 
 namespace glfw3Bridge {
 

@@ -9,8 +9,6 @@
 #include "data/sfa_format.h"
 #include "support/scratch_dir.h"
 
-namespace {
-
 TEST(ArchiveCutShort, ComesBackWholeUpToTheCap)
 {
     ScratchDir scratch;
@@ -45,5 +43,3 @@ TEST(ArchiveCutShort, ComesBackWholeUpToTheCap)
         delete[] data;
     }
 }
-
-}  // namespace

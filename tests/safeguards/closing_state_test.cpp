@@ -13,8 +13,6 @@
 #include "support/play_session.h"
 #include "support/scratch_dir.h"
 
-namespace {
-
 TEST(ClosingState, EveryFrameOfAGameEndsWithBasicSelected)
 {
     PlaySession session;
@@ -41,5 +39,3 @@ TEST(ClosingState, EveryFrameOfAGameEndsWithBasicSelected)
         }
     }
 }
-
-}  // namespace

@@ -9,8 +9,6 @@
 #include "sim/player.h"
 #include "support/play_session.h"
 
-namespace {
-
 TEST(GearSocket, ARecessWhereNoGearTurns)
 {
     PlaySession session;
@@ -31,5 +29,3 @@ TEST(GearSocket, ARecessWhereNoGearTurns)
         EXPECT_GT(rgba[0] + rgba[1] + rgba[2], 3 * 90);
     }
 }
-
-}  // namespace

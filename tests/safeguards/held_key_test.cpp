@@ -9,8 +9,6 @@
 #include "shell/window.h"
 #include "support/play_session.h"
 
-namespace {
-
 TEST(HeldKeys, EnterHeldThroughANewResolutionActivatesNothing)
 {
     PlaySession session;
@@ -33,5 +31,3 @@ TEST(HeldKeys, EnterHeldThroughANewResolutionActivatesNothing)
     EXPECT_EQ(menu.pagesOpened, (std::vector<MenuPage>{MenuPage::Main, MenuPage::Settings,
                                                        MenuPage::Resolution, MenuPage::Settings}));
 }
-
-}  // namespace
