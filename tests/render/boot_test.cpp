@@ -1,0 +1,234 @@
+// The boot screen and the start-up on the test backend: typing speed, dots,
+// scrolling and where the lines stand (read through a colour-coded font), the
+// made-up lines and the hidden quote, the log, the GL state start-up leaves,
+// a window re-creation, and the messages of a failed start.
+#include <GL/glew.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <unistd.h>
+
+#include "base/random.h"
+#include "gl_test_window.h"
+#include "platform/testing/test_backend.h"
+#include "render/generated_textures.h"
+#include "render/primitives.h"
+#include "render/text.h"
+#include "shell/boot_console.h"
+#include "shell/startup.h"
+#include "shell/window.h"
+#include "support/drawing_state.h"
+#include "support/play_session.h"
+#include "support/scratch_dir.h"
+
+namespace {
+
+const char* const quotes[] = {
+    "Wake up and smell the ashes", "Prepare for unforeseen consequences",
+    "Greetings Mortal, are you ready to die?", "Make us whole again", "POOTIS",
+    "Need a dispenser here!", "Horrors! Demons in the deep!", "Good thing I'm indestructible",
+    "Get out of here, stalker", "If it's hostile, you kill it",
+    "Dosh, grab it while you can, lads", "Getting 20% cooler"};
+
+// How many characters a line differs from the quote of its length (-1: none).
+int spoiledCharacters(const std::string& line)
+{
+    int fewest = -1;
+    for (const std::string quote : quotes) {
+        if (quote.size() != line.size()) continue;
+        int differing = 0;
+        for (size_t i = 0; i < quote.size(); i++) differing += quote[i] != line[i];
+        fewest = fewest < 0 ? differing : std::min(fewest, differing);
+    }
+    return fewest;
+}
+
+// Row `row` of the console (0 at the top), where every console pixel stands doubled.
+std::string consoleRow(int row, int n)
+{
+    std::string text;
+    for (int i = 0; i < n; i++) {
+        const int code = codeAt(static_cast<int>(2 * (16 + 16 * textAdvancePerSize * (i + 0.5f))),
+                                2 * (row * 16 + 8));
+        text += code < 0 ? '?' : static_cast<char>(code);
+    }
+    return text;
+}
+
+TEST(BootConsole, TypesScrollsAndDumpsItsLinesToTheLog)
+{
+    openTestWindow(1000, 600);
+    useCodedFont();
+    seedRandom(1234);
+    testing::internal::CaptureStdout();
+    {
+        BootConsole console;
+        double start = testBackend::now();
+        const unsigned swaps = testBackend::window().swapCount;
+        console.addLine("Program started");  // 15 characters: 8 ticks at 150 a second
+        EXPECT_NEAR(testBackend::now() - start, 8 / 150.0, 1e-9);
+        EXPECT_EQ(testBackend::window().swapCount - swaps, 9u);
+        EXPECT_EQ(console.currentLine, 1);
+        console.addLine("Loading shaders");
+        start = testBackend::now();
+        console.addDot();
+        console.addDot();
+        EXPECT_EQ(console.lines.back(), "..");
+        EXPECT_NEAR(testBackend::now() - start, 0.002, 1e-9);  // a millisecond a dot
+        EXPECT_EQ(consoleRow(15, 3), "..?");  // the line being typed: the bottom row
+        EXPECT_EQ(consoleRow(14, 16), "Loading shaders?");
+        EXPECT_EQ(consoleRow(13, 16), "Program started?");
+        EXPECT_EQ(codeAt(600, 470), -1) << "nothing outside the doubled 512 x 512 square";
+        console.closeDots();  // one tick more, then a tenth of a second
+        EXPECT_NEAR(testBackend::now() - start, 0.002 + 1 / 150.0 + 0.1, 1e-9);
+        EXPECT_EQ(console.lines.back(), "...");
+        EXPECT_EQ(console.currentLine, 3);
+        for (int i = 0; i < 17; i++) console.addLine(("Line " + std::to_string(i)).c_str());
+        EXPECT_EQ(consoleRow(0, 7), "Line 2?");  // fifteen complete lines show
+        EXPECT_EQ(consoleRow(14, 8), "Line 16?");
+        console.lines = {"Program started", "Make us wh\xE9le again"};
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\n\n\nThis next thing is just for fun\n"
+              "This is the stuff you see when the program starts:\n\n"
+              "Program started\nMake us wh\xE9le again\n\n");
+    deleteFont();
+    closeTestWindow();
+}
+
+TEST(BootConsole, MadeUpLinesFollowTheirRulesAndTheQuoteHidesBetweenTenAnd29)
+{
+    const std::regex filler("\\.{1,9}|A fatal error occurred!!! Ignoring\\.|Couldn't complete "
+                            "command!|Continue\\? \\(y/n\\) Ignoring user input|Cannot read user "
+                            "input, continue anyway| error {9}\\.");
+    const std::regex plain("[ -~]{5,60}");
+    int tens = 0, fillers = 0;
+    seedRandom(40);
+    for (int run = 0; run < 300; run++) {
+        bool fillerAllowed = run % 4 != 0;
+        for (int i = 0; i < 40; i++) {
+            const bool allowed = fillerAllowed;
+            const std::string line = makeBootLine(fillerAllowed);
+            const bool isFiller = std::regex_match(line, filler), isTen = line == "..........";
+            EXPECT_EQ(fillerAllowed, !isFiller) << line;  // filler never follows filler
+            EXPECT_TRUE(allowed || !(isFiller || isTen)) << line;
+            EXPECT_TRUE(isFiller || isTen || std::regex_match(line, plain)) << line;
+            fillers += isFiller;
+            tens += isTen;
+        }
+    }
+    EXPECT_GT(fillers, 50);
+    EXPECT_GT(tens, 50);
+
+    // One pass in six spoils a character of the quote, keeping its length.
+    int whole = 0;
+    for (int run = 0; run < 1200; run++) {
+        const int spoiled = spoiledCharacters(makeBootQuote());
+        ASSERT_GE(spoiled, 0);
+        whole += spoiled == 0;
+    }
+    EXPECT_NEAR(whole / 1200.0, 5.0 / 6.0, 0.04);
+
+    testing::internal::CaptureStdout();
+    std::vector<int> seen(256, 0);
+    for (int run = 0; run < 300; run++) seen[BootConsole().quoteLine]++;
+    for (int i = 0; i < 256; i++) EXPECT_EQ(seen[i] > 0, i >= 10 && i <= 29) << i;
+    {
+        BootConsole console;
+        console.quoteLine = 20;
+        console.lines.assign(11, "start-up");
+        while (console.lines.size() < 30) console.generateLine();
+        EXPECT_LE(spoiledCharacters(console.lines[20]), 4);
+        EXPECT_GE(spoiledCharacters(console.lines[20]), 0);
+    }
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(StartUp, TypesTheBootScreenAndLeavesTheDrawingStateSet)
+{
+    ScratchDir scratch;
+    linkBuiltContent();
+    testBackend::reset();
+    testBackend::leaveOutDrawing(2, 100000);  // the boot screen's pictures are the test above's
+    testing::internal::CaptureStdout();
+    startUp();
+    const std::string log = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(windowWidth, 1000);
+    expectCommonDrawingState();
+    GLfloat projection[16];
+    glGetFloatv(GL_PROJECTION_MATRIX, projection);
+    EXPECT_FLOAT_EQ(projection[0], 2.0f / 800);
+    EXPECT_FLOAT_EQ(projection[5], -2.0f / 600);
+    const std::string heading = "This is the stuff you see when the program starts:\n\n";
+    const size_t dump = log.find(heading);
+    ASSERT_NE(dump, std::string::npos);
+    EXPECT_NE(log.find("Ready for OpenGL 2.0\n\n"), std::string::npos);
+    const std::regex console(
+        "Program started\nGLFW initialized\nFMOD initialized\nWindow opened\nGLEW initialized\n"
+        "Loading shaders\n\\.\\.\\.\nLoading images\nGenerating textures\n\\.{3,}\n"
+        "Initializing framebuffers\n([^\n]*\n){19}Thingz by Kelvarin\n\n");
+    EXPECT_TRUE(std::regex_search(log.substr(dump + heading.size()), console,
+                                  std::regex_constants::match_continuous))
+        << log.substr(dump);
+
+    // A new window: everything that hangs on the context comes back.
+    testing::internal::CaptureStdout();
+    reopenDisplay();
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("Reopening a window\n"), std::string::npos);
+    EXPECT_EQ(testBackend::window().openCount, 2u);
+    expectCommonDrawingState();
+    for (uint32_t texture : {fontTexture, panelButtonTexture, screenTexture, surfaceTexture})
+        EXPECT_TRUE(glIsTexture(texture));
+    testing::internal::CaptureStdout();
+    shutDown();
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(surfaceData, nullptr);
+    EXPECT_FALSE(testBackend::window().open);
+
+    for (bool failWindow : {false, true}) {
+        testBackend::reset();
+        testBackend::failInit(!failWindow);
+        testBackend::failOpenWindow(failWindow);
+        testing::internal::CaptureStdout();
+        try {
+            startUp();
+            ADD_FAILURE() << "start-up went on";
+        } catch (const char* message) {
+            EXPECT_STREQ(message, failWindow ? "Couldn't create window!" : "Couldn't initialize GLFW!");
+        }
+        testing::internal::GetCapturedStdout();
+    }
+    testBackend::reset();
+}
+
+// Without OpenGL 2.0: the farewell bar (100 steps of 0.1 s), a second of
+// "Goodbye" and exit code 0; the child reports its virtual time at exit.
+TEST(StartUpDeathTest, FarewellWithoutOpenGL2EndsWithExitCodeZero)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    ScratchDir scratch;
+    linkBuiltContent();
+    static std::string childFolder;
+    childFolder = std::filesystem::current_path().string();
+    auto boot = [] {
+        setenv("MESA_GL_VERSION_OVERRIDE", "1.5", 1);
+        setenv("ALSOFT_DRIVERS", "null", 1);
+        dup2(2, 1);
+        testBackend::reset();
+        std::atexit([] {
+            std::fprintf(stderr, "virtual seconds %.1f, swaps %u\n", testBackend::now(),
+                         testBackend::window().swapCount);
+            std::error_code ignored;
+            std::filesystem::remove_all(childFolder, ignored);
+        });
+        startUp();
+        std::fprintf(stderr, "start-up returned\n");
+    };
+    EXPECT_EXIT(boot(), ::testing::ExitedWithCode(0),
+                "OpenGL 2.0 not supported\n.*virtual seconds 11.0, swaps 101");
+}
+
+}  // namespace
