@@ -1,10 +1,9 @@
 // Reference pictures of scripted games, one per mode, played through the real
-// Game loop on virtual time. Only the rounds around a picture are drawn (the
-// test backend leaves the drawing of the others out, see leaveOutDrawing), so
-// marks burnt into the ground in other rounds are missing from the pictures.
-// Every drawn frame must leave no GL error and a clean stencil; beside the
-// comparison each picture is checked for what it must show, so a reference
-// that was wrong when written is caught too.
+// Game loop on virtual time. Only the rounds up to a picture are drawn (the
+// test backend leaves out the drawing of the others), so marks burnt into the
+// ground in other rounds are missing. Every drawn frame must leave no GL error
+// and a clean stencil; beside the comparison each picture is checked for what
+// it must show, so a reference that was wrong when written is caught too.
 //
 // To write the references afresh, after a deliberate change of the drawing:
 //   GORVAN_UPDATE_REFERENCES=1 xvfb-run -a -s "-screen 0 1920x1080x24" ./test_play_pictures
@@ -77,18 +76,14 @@ void press(unsigned round, int key)
     testBackend::keyAt(round + 2, key, false);
 }
 
-// A screen-unit rectangle of a side's 800 x 600 view in window pixels.
-PixelRect viewArea(const PlayerView& view, int windowHeight, int x, int y, int w, int h)
+// A screen-unit rectangle of a side's 800 x 600 view in window pixels; by
+// default the side's field without its outermost pixels.
+PixelRect viewArea(const PlayerView& view, int windowHeight, int x = 26, int y = 26, int w = 368,
+                   int h = 496)
 {
     const int top = windowHeight - view.y - view.height;
     return PixelRect{view.x + x * view.width / 800, top + y * view.height / 600,
                      w * view.width / 800, h * view.height / 600};
-}
-
-// The field of a side without its outermost pixels.
-PixelRect fieldArea(const PlayerView& view, int windowHeight)
-{
-    return viewArea(view, windowHeight, 26, 26, 368, 496);
 }
 
 TEST(PlayPictures, StageBlastInTheFrameAfterThePressAndLateLightning)
@@ -114,8 +109,8 @@ TEST(PlayPictures, StageBlastInTheFrameAfterThePressAndLateLightning)
     // The blast's red bolts, light and warm glow cover the field in the frame
     // after the press, not before.
     const PlayerView view = playerView(1000, 600, true, 0);
-    const AreaMeans before = measure(script.pictures[pressed], fieldArea(view, 600));
-    const AreaMeans after = measure(script.pictures[blast], fieldArea(view, 600));
+    const AreaMeans before = measure(script.pictures[pressed], viewArea(view, 600));
+    const AreaMeans after = measure(script.pictures[blast], viewArea(view, 600));
     EXPECT_LT(before.red, 130.0);
     EXPECT_GT(after.red, before.red + 100);
     EXPECT_GT(after.brightness(), 1.5 * before.brightness());
@@ -138,26 +133,26 @@ TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
     EXPECT_EQ(script.framesWatched, script.drawn.size());
     ASSERT_EQ(script.pictures.size(), 5u);
     const WindowPicture& first = script.pictures[early];
-    EXPECT_TRUE(matchesReference(first, "survival_early", gameTolerance));
-    EXPECT_TRUE(matchesReference(script.pictures[breach], "survival_breach_static", gameTolerance));
-    EXPECT_TRUE(matchesReference(script.pictures[fade], "survival_closing_fade", gameTolerance));
-    EXPECT_TRUE(matchesReference(script.pictures[dissolve], "survival_closing_dissolve", gameTolerance));
+    for (const auto& [round, name] : {std::make_pair(early, "survival_early"),
+                                      std::make_pair(breach, "survival_breach_static"),
+                                      std::make_pair(fade, "survival_closing_fade"),
+                                      std::make_pair(dissolve, "survival_closing_dissolve")})
+        EXPECT_TRUE(matchesReference(script.pictures[round], name, gameTolerance));
 
     const PlayerView view = playerView(1000, 600, true, 0);
-    const AreaMeans lit = measure(first, fieldArea(view, 600));
+    const AreaMeans lit = measure(first, viewArea(view, 600));
     EXPECT_GT(lit.brightness(), 40.0);  // a lit ground, neither black nor washed out
     EXPECT_LT(lit.brightness(), 200.0);
-    EXPECT_GT(measure(script.pictures[breach], fieldArea(view, 600)).grain, 3 * lit.grain);
+    EXPECT_GT(measure(script.pictures[breach], viewArea(view, 600)).grain, 3 * lit.grain);
     // Three cannons standing make resources at a rate of 1: a red part of 288 of 384.
     const AreaMeans firepower = measure(first, viewArea(view, 600, 40, 566, 200, 3));
     EXPECT_GT(firepower.red, 2 * firepower.green);
     const AreaMeans resources = measure(first, viewArea(view, 600, 330, 566, 50, 3));
     EXPECT_GT(resources.green, 2 * resources.red);
     // The closing fade darkens the whole window; the dissolve starts from the last frame.
-    const PixelRect whole{0, 0, 1000, 600};
-    EXPECT_LT(measure(script.pictures[fade], whole).brightness(), 0.6 * measure(first, whole).brightness());
-    EXPECT_GT(measure(script.pictures[closed + 1], whole).brightness(),
-              measure(script.pictures[dissolve], whole).brightness());
+    auto whole = [&script](unsigned round) { return measure(script.pictures[round], {0, 0, 1000, 600}); };
+    EXPECT_LT(whole(fade).brightness(), 0.6 * whole(early).brightness());
+    EXPECT_GT(whole(closed + 1).brightness(), whole(dissolve).brightness());
 }
 
 TEST(PlayPictures, TwoPlayersSideBySide)
@@ -178,7 +173,7 @@ TEST(PlayPictures, TwoPlayersSideBySide)
 
     // Each half of the 16:9 window holds a lit field of its own.
     for (uint8_t side : {1, 2}) {
-        const AreaMeans field = measure(script.pictures[both], fieldArea(playerView(1280, 720, false, side), 720));
+        const AreaMeans field = measure(script.pictures[both], viewArea(playerView(1280, 720, false, side), 720));
         EXPECT_GT(field.brightness(), 30.0) << int(side);
         EXPECT_GT(field.grain, 1.0) << int(side);  // ground, not a flat fill
     }

@@ -80,12 +80,11 @@ bool readPicturePng(const std::string& path, WindowPicture& picture)
     picture.width = static_cast<int>(rgba.width);
     picture.height = static_cast<int>(rgba.height);
     picture.rgb.resize(static_cast<size_t>(rgba.width) * rgba.height * 3);
-    for (size_t i = 0, j = 0; i < picture.rgb.size(); i += 3, j += 4)
-        std::copy_n(&rgba.pixels[j], 3, &picture.rgb[i]);
+    for (size_t i = 0, j = 0; i < picture.rgb.size(); i += 3, j += 4) std::copy_n(&rgba.pixels[j], 3, &picture.rgb[i]);
     return true;
 }
 
-bool writePicturePng(const std::string& path, const WindowPicture& picture)
+bool writePicturePng(const fs::path& path, const WindowPicture& picture)
 {
     RgbaPicture rgba(static_cast<uint32_t>(picture.width), static_cast<uint32_t>(picture.height));
     for (size_t i = 0, j = 0; i < picture.rgb.size(); i += 3, j += 4) {
@@ -93,7 +92,8 @@ bool writePicturePng(const std::string& path, const WindowPicture& picture)
         rgba.pixels[j + 3] = 255;
     }
     std::string error;
-    return writePng(path, rgba, &error);
+    fs::create_directories(path.parent_path());
+    return writePng(path.string(), rgba, &error);
 }
 
 }  // namespace
@@ -101,18 +101,15 @@ bool writePicturePng(const std::string& path, const WindowPicture& picture)
 ::testing::AssertionResult matchesReference(const WindowPicture& picture, const std::string& name,
                                             Tolerance tolerance)
 {
-    const std::string path =
-        (fs::path(GORVAN_SOURCE_DIR) / "tests/data_files/references" / (name + ".png")).string();
+    const fs::path path = fs::path(GORVAN_SOURCE_DIR) / "tests/data_files/references" / (name + ".png");
     const char* update = std::getenv("GORVAN_UPDATE_REFERENCES");
-    if (update && std::string(update) == "1") {
-        if (!writePicturePng(path, picture))
-            return ::testing::AssertionFailure() << "couldn't write " << path;
-        return ::testing::AssertionSuccess() << "wrote " << path;
-    }
+    if (update && std::string(update) == "1")
+        return writePicturePng(path, picture) ? ::testing::AssertionSuccess()
+                                              : ::testing::AssertionFailure() << "couldn't write " << path;
     WindowPicture reference;
-    if (!readPicturePng(path, reference))
-        return ::testing::AssertionFailure()
-               << "no reference " << path << " (GORVAN_UPDATE_REFERENCES=1 writes it)";
+    if (!readPicturePng(path.string(), reference))
+        return ::testing::AssertionFailure() << "no reference " << path << " (GORVAN_UPDATE_REFERENCES=1 writes it)";
+    const fs::path drawn = fs::path(GORVAN_BINARY_DIR) / "play_pictures" / (name + ".png");
     std::ostringstream message;
     message << name << ": ";
     if (picture.width != reference.width || picture.height != reference.height) {
@@ -133,15 +130,11 @@ bool writePicturePng(const std::string& path, const WindowPicture& picture)
         }
         const double share = static_cast<double>(differing) / (map.rgb.size() / 3);
         if (share <= tolerance.differingShare) return ::testing::AssertionSuccess();
-        const fs::path folder = fs::path(GORVAN_BINARY_DIR) / "play_pictures";
-        fs::create_directories(folder);
-        writePicturePng((folder / (name + "_difference.png")).string(), map);
-        message << share * 100 << " % of the pixels differ by more than " << tolerance.channel
-                << " (at most " << tolerance.differingShare * 100 << " % may); differing pixels in red: "
-                << (folder / (name + "_difference.png")).string();
+        const fs::path mapPath = drawn.parent_path() / (name + "_difference.png");
+        writePicturePng(mapPath, map);
+        message << share * 100 << " % of the pixels differ by more than " << tolerance.channel << " (at most "
+                << tolerance.differingShare * 100 << " % may); differing pixels in red: " << mapPath.string();
     }
-    const fs::path actual = fs::path(GORVAN_BINARY_DIR) / "play_pictures" / (name + ".png");
-    fs::create_directories(actual.parent_path());
-    writePicturePng(actual.string(), picture);
-    return ::testing::AssertionFailure() << message.str() << "; the picture drawn: " << actual.string();
+    writePicturePng(drawn, picture);
+    return ::testing::AssertionFailure() << message.str() << "; the picture drawn: " << drawn.string();
 }

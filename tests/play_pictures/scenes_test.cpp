@@ -2,7 +2,7 @@
 // they can show at once, drawn as a frame of the game draws them and compared
 // with reference pictures under the strict tolerance; beside them what a
 // picture can't pin: the stencil back at zero, the drawing state put back,
-// the exact reach of a point shadow, and the measures of the bars.
+// the slide of the boxes, and the measures of the bars.
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
@@ -12,9 +12,7 @@
 #include <vector>
 
 #include "reference_picture.h"
-#include "render/field_light.h"
 #include "render/hud_layout.h"
-#include "render/primitives.h"
 #include "sim/cannon.h"
 #include "sim/cannon_bank.h"
 #include "sim/enemy.h"
@@ -26,33 +24,21 @@
 
 namespace {
 
-void emptyLevel(Level& level)
+// The level's enemies and bolts replaced by these enemies (x, y, size).
+void setEnemies(Level& level, std::initializer_list<std::array<float, 3>> enemies)
 {
-    for (Enemy*& enemy : level.enemies) {
-        delete enemy;
-        enemy = nullptr;
-    }
+    for (Enemy*& enemy : level.enemies) delete enemy;
+    level.enemies.clear();
     level.bolts.clear();
-}
-
-// Runs the bank until its row of n cannons stands.
-void raiseRow(Player& player, uint8_t cannons)
-{
-    player.bank->setCannons(cannons);
-    for (int i = 0; i < 400 && !(player.bank->progress == 100 && player.bank->cannons.size() == cannons); ++i)
-        player.bank->update();
-}
-
-void addEnemies(Level& level, std::initializer_list<std::array<float, 3>> enemies)
-{
     for (const auto& [x, y, size] : enemies) level.enemies.push_back(new Enemy{x, y, 0, size, 1, 1, 1});
 }
 
-void setLight(Player& player, std::array<float, 9> light)
+// Runs the bank until its row of n cannons stands.
+void raiseRow(Player& player, uint8_t n)
 {
-    std::copy_n(&light[0], 3, player.lightDirection);
-    std::copy_n(&light[3], 3, player.lightColor);
-    std::copy_n(&light[6], 3, player.ambient);
+    player.bank->setCannons(n);
+    for (int i = 0; i < 400 && !(player.bank->progress == 100 && player.bank->cannons.size() == n); ++i)
+        player.bank->update();
 }
 
 TEST(Scenes, OneSideWithEveryLightBoltMarkAndBar)
@@ -61,22 +47,24 @@ TEST(Scenes, OneSideWithEveryLightBoltMarkAndBar)
     session.open(4);
     const std::string map = pinMap("hard.txt", 20);
     Player player(0, false, map.c_str(), 20);
-    emptyLevel(*player.level);
-    raiseRow(player, 3);
     Level& level = *player.level;
     CannonBank& bank = *player.bank;
+    raiseRow(player, 3);  // before there is anything to shoot at
 
     // The field: light from the right and up the screen; enemies in front of
     // the middle lamp, below a point light and exactly at its radius; bolts
     // of both kinds in the level, a wide one of a cannon; a blot and a droplet
     // that burn marks; a closing reticle and a shard.
-    setLight(player, {0.8f, 0.5f, 0.6f, 0.9f, 0.8f, 0.6f, 0.3f, 0.28f, 0.25f});
+    const float light[9] = {0.8f, 0.5f, 0.6f, 0.9f, 0.8f, 0.6f, 0.3f, 0.28f, 0.25f};
+    std::copy_n(light, 3, player.lightDirection);
+    std::copy_n(light + 3, 3, player.lightColor);
+    std::copy_n(light + 6, 3, player.ambient);
     const float angles[3] = {-1.2f, -1.5707964f, -2.1f};
     for (int i = 0; i < 3; i++) {
         bank.cannons[i]->angle = angles[i];
         bank.cannons[i]->range = 320;
     }
-    addEnemies(level, {{192, 430, 8}, {100, 140, 8}, {100, 200, 6}, {300, 110, 16}, {60, 320, 8},
+    setEnemies(level, {{192, 430, 8}, {100, 140, 8}, {100, 200, 6}, {300, 110, 16}, {60, 320, 8},
                        {330, 260, 12}});
     player.lights.push_back(PointLight(&level, 4, 3, 2, 100, 100, 100, 50));
     player.lights.push_back(PointLight(&level, 0, 0, 40, 280, 380, 120, 165));
@@ -115,9 +103,6 @@ TEST(Scenes, OneSideWithEveryLightBoltMarkAndBar)
     player.drawField();  // the marks of the first frame are part of the ground now
     EXPECT_TRUE(fieldStencilClean());
     expectCommonDrawingState();
-    GLboolean mask[4] = {};
-    glGetBooleanv(GL_COLOR_WRITEMASK, mask);
-    EXPECT_TRUE(mask[0] && mask[1] && mask[2] && mask[3]);
     glClear(GL_COLOR_BUFFER_BIT);
     player.drawView();
     expectCommonDrawingState();
@@ -131,32 +116,6 @@ TEST(Scenes, OneSideWithEveryLightBoltMarkAndBar)
     }
     EXPECT_FLOAT_EQ(panel.permanent[3]->slot, 3.59f);  // one drawn frame of sliding
     EXPECT_EQ(player.sparks.size(), 1u);                // the blot is spent at once
-
-    // A point light's shadow marks alone, read from the stencil: the enemy
-    // 100 below the light is thrown to twice its distance and size, and one
-    // further than the radius throws nothing.
-    for (const auto& [enemyY, shadowed] : {std::make_pair(200.0f, true), std::make_pair(201.0f, false)}) {
-        emptyLevel(level);
-        addEnemies(level, {{100, enemyY, 8}});
-        glViewport(0, 0, 384, 512);
-        setOrtho(384, 512);
-        glEnable(GL_STENCIL_TEST);
-        castShadows(level, 100, 100, 100);
-        glDisable(GL_STENCIL_TEST);
-        std::vector<uint8_t> marks(384 * 512);
-        glReadPixels(0, 0, 384, 512, GL_STENCIL_INDEX, GL_UNSIGNED_BYTE, marks.data());
-        glClear(GL_STENCIL_BUFFER_BIT);
-        auto mark = [&marks](int x, int y) { return marks[(511 - y) * 384 + x]; };
-        if (shadowed) {
-            EXPECT_EQ(mark(100, 250), 1);
-            EXPECT_EQ(mark(93, 305), 1);
-            EXPECT_EQ(mark(100, 312), 0);
-            EXPECT_EQ(mark(100, 190), 0) << "the lit side";
-            EXPECT_EQ(mark(115, 300), 0);
-        } else {
-            EXPECT_EQ(std::count(marks.begin(), marks.end(), 0), 384 * 512);
-        }
-    }
 }
 
 TEST(Scenes, TwoSidesWithGlowDisturbanceAndStatic)
@@ -165,10 +124,9 @@ TEST(Scenes, TwoSidesWithGlowDisturbanceAndStatic)
     session.open(5, 1280, 720);
     const std::string map = pinMap("crowded.txt", 12);
     Player left(1, true, map.c_str(), 12), right(2, true, map.c_str(), 12);
-    for (Player* side : {&left, &right}) emptyLevel(*side->level);
     raiseRow(left, 2);
-    addEnemies(*left.level, {{120, 200, 8}, {250, 330, 12}});
-    addEnemies(*right.level, {{192, 300, 16}});
+    setEnemies(*left.level, {{120, 200, 8}, {250, 330, 12}});
+    setEnemies(*right.level, {{192, 300, 16}});
     // Left: a blast's glow and the other side's disturbance, hurt first.
     left.blastGlow = 120, left.enemyDisturbCharge = 150, left.frame = 77;
     left.disturbCharge = 100, left.comboTimer = 1;

@@ -53,37 +53,26 @@ protected:
     ScratchDir scratch;
 };
 
-GLint currentProgram()
-{
-    GLint program = 0;
-    glGetIntegerv(GL_CURRENT_PROGRAM, &program);
-    return program;
-}
-
 TEST_F(Shaders, CatalogueBuildsInOrderWithEmptyLogsAndBrokenSourcesSayWhy)
 {
-    // Per program: random.frag first where it is linked in, then the vertex
-    // and the fragment source, and the line end after the empty program log.
-    const char* const catalogue[][3] = {
-        {"basic.vrt", "basic.frag", ""}, {"color.vrt", "color.frag", ""},
-        {"shadow.vrt", "shadow.frag", ""}, {"env_light.vrt", "env_light.frag", ""},
-        {"light.vrt", "spot_light.frag", ""}, {"light.vrt", "light.frag", ""},
-        {"transition1.vrt", "transition1.frag", "r"}, {"transition1.vrt", "transition2.frag", "r"},
-        {"transition1.vrt", "transition3.frag", "r"}, {"transition4.vrt", "transition4.frag", "r"},
-        {"static_transition1.vrt", "static_transition1.frag", ""},
-        {"static_transition1.vrt", "static_transition2.frag", ""},
-        {"transition1.vrt", "text_transition1.frag", "r"},
-        {"transition1.vrt", "text_transition2.frag", "r"},
-        {"transition1.vrt", "disruption.frag", "r"}, {"disturb.vrt", "disturb.frag", "r"},
-        {"hurt.vrt", "hurt.frag", ""}, {"line.vrt", "line.frag", "r"},
-        {"color.vrt", "line2.frag", ""}, {"credits.vrt", "credits.frag", ""},
-        {"basic.vrt", "easteregg1.frag", "r"}, {"transition1.vrt", "easteregg2.frag", ""},
-        {"basic.vrt", "blurv.frag", ""}, {"basic.vrt", "blurh.frag", ""},
-        {"basic.vrt", "speedup.frag", ""}, {"basic.vrt", "info_transition.frag", "r"}};
+    // Per program: random.frag first where it is linked in ("+"), then the
+    // vertex and the fragment source, and a line end after the empty program log.
+    const char* const catalogue[] = {
+        "basic.vrt basic.frag", "color.vrt color.frag", "shadow.vrt shadow.frag",
+        "env_light.vrt env_light.frag", "light.vrt spot_light.frag", "light.vrt light.frag",
+        "+transition1.vrt transition1.frag", "+transition1.vrt transition2.frag",
+        "+transition1.vrt transition3.frag", "+transition4.vrt transition4.frag",
+        "static_transition1.vrt static_transition1.frag", "static_transition1.vrt static_transition2.frag",
+        "+transition1.vrt text_transition1.frag", "+transition1.vrt text_transition2.frag",
+        "+transition1.vrt disruption.frag", "+disturb.vrt disturb.frag", "hurt.vrt hurt.frag",
+        "+line.vrt line.frag", "color.vrt line2.frag", "credits.vrt credits.frag",
+        "+basic.vrt easteregg1.frag", "transition1.vrt easteregg2.frag", "basic.vrt blurv.frag",
+        "basic.vrt blurh.frag", "basic.vrt speedup.frag", "+basic.vrt info_transition.frag"};
     std::string expected;
-    for (const auto& entry : catalogue)
-        expected += std::string(entry[2][0] ? "Log for random.frag:\n" : "") + "Log for " +
-                    entry[0] + ":\nLog for " + entry[1] + ":\n\n";
+    for (std::string entry : catalogue) {
+        if (entry[0] == '+') expected += "Log for random.frag:\n", entry.erase(0, 1);
+        expected += "Log for " + entry.replace(entry.find(' '), 1, ":\nLog for ") + ":\n\n";
+    }
     glBlendFunc(GL_ONE, GL_ONE);
     EXPECT_EQ(buildAll(), expected);
     expectCommonDrawingState();
@@ -167,7 +156,9 @@ TEST_F(Shaders, SettersSelectTheirProgramAndFeedEveryUniform)
         }
         glUseProgram(basicProgram);
         c.call();
-        EXPECT_EQ(currentProgram(), static_cast<GLint>(*c.program)) << c.uniforms[0].first;
+        GLint current = 0;
+        glGetIntegerv(GL_CURRENT_PROGRAM, &current);
+        EXPECT_EQ(current, static_cast<GLint>(*c.program)) << c.uniforms[0].first;
         for (const auto& [name, values] : c.uniforms) {
             float read[4] = {};
             glGetUniformfv(*c.program, glGetUniformLocation(*c.program, name), read);
