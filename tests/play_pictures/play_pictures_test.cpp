@@ -45,6 +45,7 @@ class ScriptedGame {
 public:
     ScriptedGame(const std::set<unsigned>& pictureRounds, unsigned lastRound)
     {
+        std::set<unsigned> drawn;
         for (unsigned round : pictureRounds)
             for (unsigned r = round > 5 ? round - 4 : 2; r <= round; ++r) drawn.insert(r);
         unsigned from = 2;
@@ -53,9 +54,7 @@ public:
             from = round + 1;
         }
         testBackend::leaveOutDrawing(from, lastRound);
-        drawn.insert(1);
         testBackend::watchFrames([this, pictureRounds](unsigned round) {
-            framesWatched += 1;
             bool error = false;
             while (glGetError() != GL_NO_ERROR) error = true;
             EXPECT_FALSE(error) << "round " << round;
@@ -65,8 +64,6 @@ public:
     }
     ~ScriptedGame() { testBackend::watchFrames(nullptr); }
 
-    std::set<unsigned> drawn;
-    unsigned framesWatched = 0;
     std::map<unsigned, WindowPicture> pictures;
 };
 
@@ -101,7 +98,6 @@ TEST(PlayPictures, StageBlastInTheFrameAfterThePressAndLateLightning)
     const std::string map = pinMap("hard.txt", 20);
     Game game(session.music(), 1, false, map.c_str(), 20);
     ASSERT_EQ(game.framesPlayed, 917u);
-    EXPECT_EQ(script.framesWatched, script.drawn.size());
     ASSERT_EQ(script.pictures.size(), 3u);
     EXPECT_TRUE(matchesReference(script.pictures[blast], "stage_blast", gameTolerance));
     EXPECT_TRUE(matchesReference(script.pictures[late], "stage_late_lightning", gameTolerance));
@@ -130,7 +126,6 @@ TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
     Game game(session.music(), 1, true, map.c_str(), 20);
     ASSERT_EQ(game.framesPlayed, closed);
     EXPECT_EQ(game.finalEndMessage, 4);  // the first survival score of the map is a hi-score
-    EXPECT_EQ(script.framesWatched, script.drawn.size());
     ASSERT_EQ(script.pictures.size(), 5u);
     const WindowPicture& first = script.pictures[early];
     for (const auto& [round, name] : {std::make_pair(early, "survival_early"),
@@ -166,7 +161,6 @@ TEST(PlayPictures, TwoPlayersSideBySide)
     const std::string map = pinMap("crowded.txt", 12);
     Game game(session.music(), 2, true, map.c_str(), 12);
     ASSERT_EQ(game.framesPlayed, both + 1);
-    EXPECT_EQ(script.framesWatched, script.drawn.size());
     ASSERT_EQ(script.pictures.size(), 2u);
     EXPECT_TRUE(matchesReference(script.pictures[opening], "versus_opening", gameTolerance));
     EXPECT_TRUE(matchesReference(script.pictures[both], "versus_both_sides", gameTolerance));

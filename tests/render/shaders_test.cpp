@@ -148,11 +148,9 @@ TEST_F(Shaders, SettersSelectTheirProgramAndFeedEveryUniform)
             const GLint location = glGetUniformLocation(*c.program, name);
             ASSERT_GE(location, 0) << name;
             const float junk[4] = {-7, -7, -7, -7};
-            if (name[0] == 't' && name[1] == 'e') glUniform1i(location, 5);
-            else if (values.size() == 1) glUniform1fv(location, 1, junk);
-            else if (values.size() == 2) glUniform2fv(location, 1, junk);
-            else if (values.size() == 3) glUniform3fv(location, 1, junk);
-            else glUniform4fv(location, 1, junk);
+            const PFNGLUNIFORM1FVPROC setters[] = {glUniform1fv, glUniform2fv, glUniform3fv, glUniform4fv};
+            if (std::string(name).rfind("texture", 0) == 0) glUniform1i(location, 5);  // a sampler
+            else setters[values.size() - 1](location, 1, junk);
         }
         glUseProgram(basicProgram);
         c.call();
