@@ -76,6 +76,16 @@ void closeWindowNow();
 using FrameWatcher = std::function<void(unsigned round)>;
 void watchFrames(FrameWatcher watcher);
 
+// Drawing left out, so that a long scripted game is drawn only where its
+// pictures are taken: in the rounds from first to last every draw, clear and
+// copy of the open window fails without touching a pixel (an incomplete
+// framebuffer is bound), so textures made by copies keep what they held.
+// The rules, texture uploads, the clock and the input run as ever; the frame
+// watcher sees no frame that was left out, and the GL errors of the failed
+// calls are cleared when drawing resumes. Rounds count as for the frame
+// watcher. reset() forgets them.
+void leaveOutDrawing(unsigned first, unsigned last);
+
 // The desktop the backend pretends to have. Default: desktop 1920 x 1080 and
 // the modes 640x480, 800x600, 1024x768, 1280x720, 1920x1080 at 8/8/8 bits.
 void setVideoModes(const std::vector<GLFWvidmode>& modesSmallestFirst);
