@@ -5,11 +5,14 @@
 #   make check-sanitize  every test again, built with the address and
 #                        undefined-behaviour sanitizers in build-sanitize/
 #   make fuzz            the fuzz targets of every reader (tools/fuzz/)
+# and the install (README, "Install"):
+#   make install [PREFIX=/usr/local] [DESTDIR=...]   make uninstall
 BUILD ?= build
 SANITIZE_BUILD ?= build-sanitize
 JOBS ?= $(shell nproc)
+PREFIX ?= /usr/local
 
-.PHONY: play check build deps configure clean check-sanitize fuzz
+.PHONY: play check build deps configure clean check-sanitize fuzz install uninstall
 
 deps:
 	./tools/install-deps.sh
@@ -44,6 +47,13 @@ check-sanitize: deps
 # FUZZ_RUNS executions each (default 100000), see tools/fuzz/run-fuzzers.sh.
 fuzz:
 	tools/fuzz/run-fuzzers.sh $(FUZZ_RUNS)
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)"
+
+# Removes what the last install listed in $(BUILD)/install_manifest.txt
+# (give the same DESTDIR as to the install).
+uninstall:
+	DESTDIR="$(DESTDIR)" cmake --build $(BUILD) --target uninstall
 
 clean:
 	rm -rf $(BUILD) $(SANITIZE_BUILD)

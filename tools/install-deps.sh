@@ -1,5 +1,7 @@
 #!/bin/sh
-# Installs the Debian packages that building, playing and testing Gorvan need.
+# Installs the Debian packages that building, playing, testing and installing
+# Gorvan need (the last line: checks of the desktop entry, the AppStream file
+# and the manual page).
 # Only what is missing is installed; as root through apt-get, otherwise through sudo.
 set -e
 
@@ -8,7 +10,8 @@ libglfw3-dev libglew-dev libgl1-mesa-dev libgl1-mesa-dri libx11-dev
 libopenal-dev libopenal1 libvorbis-dev libogg-dev
 libpng-dev libfreetype-dev fonts-dejavu-core librsvg2-bin
 libgtest-dev libgmock-dev libbenchmark-dev
-xvfb xauth x11-utils xdotool"
+xvfb xauth x11-utils xdotool
+desktop-file-utils appstream man-db"
 
 missing=""
 for p in $PACKAGES; do

@@ -7,6 +7,7 @@
 
 #include "base/numbers.h"
 #include "data/images.h"
+#include "menu/menu_controls.h"
 #include "platform/glfw.h"
 #include "render/primitives.h"
 #include "render/transitions.h"
@@ -15,12 +16,6 @@
 #include "shell/startup.h"
 #include "shell/window.h"
 #include "sound/sound.h"
-
-namespace {
-
-bool keyDown(int key) { return glfwGetKey(key) == GLFW_PRESS; }
-
-}  // namespace
 
 std::string hiddenLetterPicture(int spot)
 {
@@ -86,8 +81,9 @@ void Menu::run()
         if (infoFade != 0) --infoFade;
         const uint8_t oldSelection = selection;
 
-        const bool next = keyDown(GLFW_KEY_DOWN) || keyDown(GLFW_KEY_RIGHT);
-        const bool previous = keyDown(GLFW_KEY_UP) || keyDown(GLFW_KEY_LEFT);
+        const MenuControls controls = readMenuControls();
+        const bool next = controls.next;
+        const bool previous = controls.previous;
         const uint8_t count = buttons->itemCount();
         if (!arrowsLocked) {
             // Both in one round cancel out; one press is one step, no repeat.
@@ -108,8 +104,8 @@ void Menu::run()
             }
         }
 
-        const bool enter = keyDown(GLFW_KEY_ENTER);
-        const bool escape = keyDown(GLFW_KEY_ESC);
+        const bool enter = controls.choose;
+        const bool escape = controls.back;
         if (!activationLocked && (enter || escape || buttons->clickedItem() != 255)) {
             // The action is on the selection, never on whatever the mouse is over.
             leaving = activate(escape, clock);

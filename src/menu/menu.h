@@ -106,6 +106,7 @@ private:
     void loadTextures();
     void deleteTextures();
     void rebuildDisplay();
+    void applyDisplayChoice(bool settingChanged, bool* runChoiceGiven, FrameClock& clock);
 
     // Page builders; each opens its page with the first button selected.
     void beginPage(MenuPage newPage);

@@ -120,11 +120,9 @@ void Menu::activateResolution(bool escape, FrameClock& clock)
         }
         uint16_t width = 0, height = 0;
         getResolution(&width, &height);
-        if (wantedWidth != width || wantedHeight != height) {
-            setResolution(wantedWidth, wantedHeight);
-            rebuildDisplay();
-            clock.resync();  // the time the new window took is no lateness
-        }
+        const bool changed = wantedWidth != width || wantedHeight != height;
+        if (changed) setResolution(wantedWidth, wantedHeight);
+        applyDisplayChoice(changed, &runDisplay.sizeGiven, clock);
     }
     showSettingsPage();
 }
@@ -143,15 +141,25 @@ void Menu::showTwoChoicePage(MenuPage choicePage, const char* first, const char*
 
 void Menu::showWindowTypePage() { showTwoChoicePage(MenuPage::WindowType, "Windowed", "Fullscreen"); }
 
+// A new window for a changed setting, or for this run's choice from the
+// command line, which gives way to the player's.
+void Menu::applyDisplayChoice(bool settingChanged, bool* runChoiceGiven, FrameClock& clock)
+{
+    const bool runChoiceDropped = *runChoiceGiven;
+    *runChoiceGiven = false;
+    if (settingChanged || runChoiceDropped) {
+        rebuildDisplay();
+        clock.resync();  // the time the new window took is no lateness
+    }
+}
+
 void Menu::activateWindowType(bool escape, FrameClock& clock)
 {
     if (!escape && selection <= 1) {
         const bool wantFullscreen = selection == 1;
-        if (wantFullscreen != isFullscreen()) {
-            setFullscreen(wantFullscreen);
-            rebuildDisplay();
-            clock.resync();
-        }
+        const bool changed = wantFullscreen != isFullscreen();
+        if (changed) setFullscreen(wantFullscreen);
+        applyDisplayChoice(changed, &runDisplay.typeGiven, clock);
     }
     showSettingsPage();
 }

@@ -96,6 +96,32 @@
 #define GLFW_MOUSE_BUTTON_RIGHT GLFW_MOUSE_BUTTON_2
 #define GLFW_MOUSE_BUTTON_MIDDLE GLFW_MOUSE_BUTTON_3
 
+// Game controllers, an addition to the 2.7 line, through the desktop's gamepad
+// mappings. A controller takes the lowest free seat when it is plugged in and
+// keeps it until it is unplugged (pad_seats.h): seat 0 is the first
+// controller. Buttons by their place on a standard pad, in GLFW 3's order,
+// then the two triggers, which count as held when pulled past half-way.
+#define GLFW_PAD_SEATS 4
+#define GLFW_ANY_PAD (-1)
+#define GLFW_PAD_A 0
+#define GLFW_PAD_B 1
+#define GLFW_PAD_X 2
+#define GLFW_PAD_Y 3
+#define GLFW_PAD_LEFT_BUMPER 4
+#define GLFW_PAD_RIGHT_BUMPER 5
+#define GLFW_PAD_BACK 6
+#define GLFW_PAD_START 7
+#define GLFW_PAD_GUIDE 8
+#define GLFW_PAD_LEFT_THUMB 9
+#define GLFW_PAD_RIGHT_THUMB 10
+#define GLFW_PAD_DPAD_UP 11
+#define GLFW_PAD_DPAD_RIGHT 12
+#define GLFW_PAD_DPAD_DOWN 13
+#define GLFW_PAD_DPAD_LEFT 14
+#define GLFW_PAD_LEFT_TRIGGER 15
+#define GLFW_PAD_RIGHT_TRIGGER 16
+#define GLFW_PAD_BUTTON_LAST GLFW_PAD_RIGHT_TRIGGER
+
 // glfwOpenWindow modes
 #define GLFW_WINDOW 0x00010001
 #define GLFW_FULLSCREEN 0x00010002
@@ -160,6 +186,9 @@ void glfwPollEvents();
 int glfwGetKey(int key);  // GLFW_PRESS or GLFW_RELEASE; printable keys by ASCII code
 int glfwGetMouseButton(int button);
 void glfwGetMousePos(int* x, int* y);
+// GLFW_PRESS while the controller in the seat (any seat for GLFW_ANY_PAD)
+// holds the button; GLFW_RELEASE for an empty seat.
+int glfwGetPadButton(int seat, int button);
 
 double glfwGetTime();
 void glfwSleep(double seconds);

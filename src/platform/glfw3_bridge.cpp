@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "platform/carried_keys.h"
+#include "platform/pad_seats.h"
 
 namespace glfw3Bridge {
 
@@ -15,6 +16,7 @@ namespace {
 bool started = false;
 GLFWwindow* window = nullptr;
 CarriedKeys carriedKeys;  // held through the last rebuild of the window
+PadSeats pads;
 
 // GLFW 3's keys for the 2.7 special keys, in 2.7's order from ESC (257).
 const int SPECIAL_KEYS[LAST_SPECIAL_KEY - FIRST_SPECIAL_KEY + 1] = {
@@ -97,6 +99,34 @@ void reportError(int code, const char* description)
     std::fprintf(stderr, "GLFW error 0x%X: %s\n", code, description);
 }
 
+void onJoystick(int joystick, int event)
+{
+    if (event == GLFW_CONNECTED && glfwJoystickIsGamepad(joystick))
+        pads.plugIn(joystick);
+    else if (event == GLFW_DISCONNECTED)
+        pads.unplug(joystick);
+}
+
+// The controllers already there when the game starts, in GLFW's order.
+void seatPresentPads()
+{
+    pads = PadSeats();
+    for (int joystick = GLFW_JOYSTICK_1; joystick <= GLFW_JOYSTICK_LAST; ++joystick) {
+        if (glfwJoystickIsGamepad(joystick)) pads.plugIn(joystick);
+    }
+    glfwSetJoystickCallback(onJoystick);
+}
+
+bool gamepadHolds(int joystick, int button)
+{
+    GLFWgamepadstate state;
+    if (!glfwGetGamepadState(joystick, &state)) return false;
+    if (button <= GLFW_GAMEPAD_BUTTON_LAST) return state.buttons[button] == GLFW_PRESS;
+    // A trigger's axis runs from -1 at rest to 1 pulled through.
+    const int trigger = GLFW_GAMEPAD_AXIS_LEFT_TRIGGER + button - GLFW_GAMEPAD_BUTTON_LAST - 1;
+    return trigger <= GLFW_GAMEPAD_AXIS_RIGHT_TRIGGER && state.axes[trigger] > 0;
+}
+
 int dontCareIfZero(int bits)
 {
     return bits > 0 ? bits : GLFW_DONT_CARE;
@@ -113,6 +143,7 @@ bool init()
     started = glfwInit() == GLFW_TRUE;
     if (started) {
         applyKeyboardLayout();
+        seatPresentPads();
     }
     return started;
 }
@@ -124,6 +155,7 @@ void terminate()
     }
     closeWindow();
     glfwTerminate();
+    pads = PadSeats();
     started = false;
 }
 
@@ -270,6 +302,11 @@ bool mouseButtonDown(int button)
 {
     return window && button >= 0 && button <= GLFW_MOUSE_BUTTON_LAST
         && glfwGetMouseButton(window, button) == GLFW_PRESS;
+}
+
+bool padButtonDown(int seat, int button)
+{
+    return started && button >= 0 && pads.holds(seat, button, gamepadHolds);
 }
 
 void cursorPosition(double* x, double* y)

@@ -56,6 +56,11 @@ bool keyDown(int legacyKey);
 bool mouseButtonDown(int button);
 void cursorPosition(double* x, double* y);
 
+// Game controllers that have a gamepad mapping, seated as they are plugged in
+// and out (pad_seats.h; seat -1: any). Buttons in GLFW 3's gamepad order,
+// then 15 and 16 for the left and right triggers past half-way.
+bool padButtonDown(int seat, int button);
+
 struct ModeInfo {
     int width = 0, height = 0;
     int redBits = 0, greenBits = 0, blueBits = 0;

@@ -25,12 +25,6 @@ namespace {
 const uint16_t fadeFrames = 500;
 const uint16_t staticFadeStart = 150;  // from here on the picture only dissolves
 
-bool pauseControlDown()
-{
-    return glfwGetKey(GLFW_KEY_ESC) == GLFW_PRESS || glfwGetKey('P') == GLFW_PRESS ||
-           glfwGetMouseButton(GLFW_MOUSE_BUTTON_RIGHT) == GLFW_PRESS;
-}
-
 void drawEndMessage(uint8_t endMessage)
 {
     const float size = 0.1f;
@@ -162,6 +156,9 @@ void Game::run()
             music->setPaused(false);
             delete pauseMenu;
             pauseKeysHeld = true;
+            // A controller's button that chose in the pause menu is no order in play.
+            player1->holdPadsUntilReleased();
+            if (player2) player2->holdPadsUntilReleased();
         }
 
         if (glfwGetWindowParam(GLFW_OPENED) == 0) leaveLoop = true;

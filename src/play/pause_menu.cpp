@@ -3,6 +3,7 @@
 #include <GL/glew.h>
 
 #include "data/images.h"
+#include "menu/menu_controls.h"
 #include "platform/glfw.h"
 #include "render/primitives.h"
 #include "render/shaders.h"
@@ -16,16 +17,23 @@ namespace {
 const char* const buttonTexts[4] = {"Resume game", "Restart level", "Change level", "Exit to menu"};
 const uint8_t resumeResult = 1;
 
-bool key(int code) { return glfwGetKey(code) == GLFW_PRESS; }
+// Resumes: the controls that pause, and any menu's way back.
+bool resumeControlDown(const MenuControls& controls) { return pauseControlDown() || controls.back; }
 
-bool anyConfirmDown()
+bool anyConfirmDown(const MenuControls& controls)
 {
-    return key(GLFW_KEY_ENTER) || key(GLFW_KEY_ESC) || key('P') ||
-           glfwGetMouseButton(GLFW_MOUSE_BUTTON_LEFT) == GLFW_PRESS ||
-           glfwGetMouseButton(GLFW_MOUSE_BUTTON_RIGHT) == GLFW_PRESS;
+    return controls.choose || resumeControlDown(controls) ||
+           glfwGetMouseButton(GLFW_MOUSE_BUTTON_LEFT) == GLFW_PRESS;
 }
 
 }  // namespace
+
+bool pauseControlDown()
+{
+    return glfwGetKey(GLFW_KEY_ESC) == GLFW_PRESS || glfwGetKey('P') == GLFW_PRESS ||
+           glfwGetPadButton(GLFW_ANY_PAD, GLFW_PAD_START) == GLFW_PRESS ||
+           glfwGetMouseButton(GLFW_MOUSE_BUTTON_RIGHT) == GLFW_PRESS;
+}
 
 PauseMenu::PauseMenu()
 {
@@ -77,8 +85,9 @@ void PauseMenu::run()
         }
 
         uint8_t before = selected;
-        bool down = key(GLFW_KEY_DOWN) || key(GLFW_KEY_RIGHT);
-        bool up = key(GLFW_KEY_UP) || key(GLFW_KEY_LEFT);
+        const MenuControls controls = readMenuControls();
+        bool down = controls.next;
+        bool up = controls.previous;
         if (!navHeld && !closing && (down || up)) {
             if (down) selected = static_cast<uint8_t>((selected + 1) % count);
             if (up) selected = static_cast<uint8_t>((selected + count - 1) % count);
@@ -93,9 +102,8 @@ void PauseMenu::run()
 
         bool confirmed = false;
         if (!inputHeld && !closing) {
-            bool resumeControl = key(GLFW_KEY_ESC) || key('P') ||
-                                 glfwGetMouseButton(GLFW_MOUSE_BUTTON_RIGHT) == GLFW_PRESS;
-            bool choose = key(GLFW_KEY_ENTER) || list->clickedItem() != 255;
+            bool resumeControl = resumeControlDown(controls);
+            bool choose = controls.choose || list->clickedItem() != 255;
             if (resumeControl || choose) {
                 confirmed = true;
                 result = resumeControl ? resumeResult : static_cast<uint8_t>(selected + 1);
@@ -110,7 +118,7 @@ void PauseMenu::run()
                 }
             }
         }
-        if (!confirmed && !anyConfirmDown()) inputHeld = false;
+        if (!confirmed && !anyConfirmDown(controls)) inputHeld = false;
 
         float targetX, targetY;
         list->itemPosition(selected, &targetX, &targetY);

@@ -11,6 +11,10 @@
 class ButtonList;
 class Sound;
 
+// The controls that pause a game and resume it: ESC, P, the right mouse
+// button, a controller's Start.
+bool pauseControlDown();
+
 class PauseMenu {
 public:
     PauseMenu();

@@ -1,7 +1,7 @@
 // Gorvan: the program's entry. Everything happens in runGorvan().
 #include "shell/program.h"
 
-int main(int, char**)
+int main(int argc, char** argv)
 {
-    return runGorvan();
+    return runGorvan(argc, argv);
 }

@@ -1,15 +1,22 @@
 #include "shell/program.h"
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <string>
+#include <vector>
 
 #include "base/random.h"
 #include "menu/menu.h"
 #include "platform/desktop_services.h"
 #include "play/game.h"
+#include "shell/command_line.h"
+#include "shell/player_folder.h"
 #include "shell/spine_rules.h"
 #include "shell/startup.h"
+#include "shell/window.h"
 #include "sound/sound.h"
 
 namespace {
@@ -57,9 +64,46 @@ void runMenuAndGames()
     shutDown();
 }
 
-}  // namespace
+// Where this program lies, with links resolved: an install is found from it.
+std::string programPath()
+{
+    std::vector<char> path(4096);
+    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size() - 1);
+    return length > 0 ? std::string(path.data(), static_cast<size_t>(length)) : std::string();
+}
 
-int runGorvan()
+// The installed game runs in the player's own folder; a build's game stays
+// where it was started, unless --data-dir names another folder, which gets
+// the content beside the program.
+bool enterFolderOfPlayer(const CommandLine& line)
+{
+    const std::string program = programPath();
+    std::string content = installedContentFor(program);
+    const bool installed = !content.empty();
+    if (!installed) {
+        if (line.dataDir.empty()) return true;
+        content = program.substr(0, program.rfind('/') + 1) + "content";
+    }
+    std::string folder = line.dataDir;
+    if (folder.empty()) folder = defaultPlayerFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+    std::string reason = "neither XDG_DATA_HOME nor HOME is set; name a folder with --data-dir";
+    if (!folder.empty() && enterPlayerFolder(folder, content, &reason)) return true;
+    std::fprintf(stderr, "gorvan: %s\n", reason.c_str());
+    return false;
+}
+
+// This run's choices, which no setting keeps.
+void applyRunOptions(const CommandLine& line)
+{
+    runDisplay.sizeGiven = line.width != 0;
+    runDisplay.width = line.width;
+    runDisplay.height = line.height;
+    runDisplay.typeGiven = line.windowTypeGiven;
+    runDisplay.fullscreen = line.fullscreen;
+    setMuted(line.mute);
+}
+
+int playGorvan()
 {
     try {
         runMenuAndGames();
@@ -71,4 +115,24 @@ int runGorvan()
         reportFatal("An unknown error occurred!");
     }
     return 0;
+}
+
+}  // namespace
+
+int runGorvan(int argc, char** argv)
+{
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) arguments.push_back(argv[i]);
+    const CommandLine line = parseCommandLine(arguments);
+    if (!line.error.empty()) {
+        std::fprintf(stderr, "gorvan: %s (see gorvan --help)\n", line.error.c_str());
+        return 2;
+    }
+    if (line.showHelp || line.showVersion) {
+        std::fputs((line.showHelp ? helpText() : versionText()).c_str(), stdout);
+        return 0;
+    }
+    if (!enterFolderOfPlayer(line)) return 1;
+    applyRunOptions(line);
+    return playGorvan();
 }

@@ -12,6 +12,7 @@ int16_t screenTextureHeight = 2;
 uint16_t desktopWidth = 0;
 uint16_t desktopHeight = 0;
 std::vector<std::pair<int16_t, int16_t>> videoModes;
+RunDisplay runDisplay;
 
 int16_t screenTextureSize(int16_t size)
 {
@@ -89,7 +90,11 @@ void openDisplayWindow(bool reopen)
 
     uint16_t width = 0, height = 0;
     getResolution(&width, &height);
-    bool fullscreen = isFullscreen();
+    if (runDisplay.sizeGiven) {
+        width = runDisplay.width;
+        height = runDisplay.height;
+    }
+    const bool fullscreen = runDisplay.typeGiven ? runDisplay.fullscreen : isFullscreen();
 
     // Width 0 is "Auto": the desktop's size in fullscreen, 1000 x 600 in a window.
     if (width != 0)

@@ -18,11 +18,22 @@ extern uint16_t desktopHeight;
 // Resolutions the settings page offers, largest first, at most 15.
 extern std::vector<std::pair<int16_t, int16_t>> videoModes;
 
+// A window chosen on the command line for this run: it outweighs the stored
+// resolution and window type, is never saved, and gives way as soon as the
+// player chooses on the settings pages.
+struct RunDisplay {
+    bool sizeGiven = false;
+    uint16_t width = 0, height = 0;
+    bool typeGiven = false;
+    bool fullscreen = false;
+};
+extern RunDisplay runDisplay;
+
 // Stores the size (a negative width means: ask the open window) and works out
 // the screen texture size.
 void setScreenSize(int16_t width, int16_t height);
 
-// Opens the window by the stored resolution and window type (closing the old
+// Opens the window by the stored resolution and window type (or this run's) (closing the old
 // one first when reopening) and logs what it got. Throws "Couldn't create window!".
 void openDisplayWindow(bool reopen);
 

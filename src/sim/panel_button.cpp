@@ -20,9 +20,20 @@ PanelButton::PanelButton(int16_t x, int16_t y, const char* label, int32_t key,
     pixelHeight = static_cast<int16_t>(viewHeight / 600.0f * 32);
 }
 
+void PanelButton::answerToPad(int seat, int button)
+{
+    padSeat = seat;
+    padButton = button;
+}
+
 bool PanelButton::poll()
 {
     bool down = key != 0 && glfwGetKey(key) == GLFW_PRESS;
+    if (padButton >= 0) {
+        const bool padDown = glfwGetPadButton(padSeat, padButton) == GLFW_PRESS;
+        if (!padDown) padReleased = true;
+        down = down || (padReleased && padDown);
+    }
     if (!down && mouseEnabled && glfwGetMouseButton(GLFW_MOUSE_BUTTON_LEFT) == GLFW_PRESS) {
         int mouseX = 0, mouseY = 0;
         glfwGetMousePos(&mouseX, &mouseY);

@@ -1,4 +1,5 @@
-// One control of a Player's panel: a key, a mouse area on the HUD, or both.
+// One control of a Player's panel: a key, a mouse area on the HUD, a game
+// controller's button, or several of them.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,14 @@ public:
     PanelButton(int16_t x, int16_t y, const char* label, int32_t key, int16_t viewX,
                 int16_t viewY, int16_t viewWidth, int16_t viewHeight);
 
-    // Reads the key and the mouse; counts the frames that it has been down.
+    // The controller's button that works this control too (glfw.h: a seat
+    // or GLFW_ANY_PAD, a GLFW_PAD_ button).
+    void answerToPad(int seat, int button);
+    // A controller's button held now (from a menu) counts only once let go.
+    void holdPadUntilReleased() { padReleased = false; }
+
+    // Reads the key, the controller and the mouse; counts the frames that it
+    // has been down.
     bool poll();
     bool justPressed() const { return heldFrames == 1; }
 
@@ -21,4 +29,7 @@ public:
     int32_t key;
     bool mouseEnabled = false;
     int16_t heldFrames = 0;
+    int32_t padSeat = 0;
+    int32_t padButton = -1;  // none
+    bool padReleased = false;
 };

@@ -6,6 +6,7 @@
 #include "data/images.h"
 #include "data/map_file.h"
 #include "data/scores.h"
+#include "platform/glfw.h"
 #include "render/texture_release.h"
 #include "shell/window.h"
 #include "sim/cannon_bank.h"
@@ -78,6 +79,7 @@ Player::Player(uint8_t side, bool survival, const char* mapPath, uint8_t mapNumb
     viewWidth = view.width;
     viewHeight = view.height;
     buildButtons();
+    assignPadButtons();
 
     createFieldTextures();
     loadTexture(&boxesTexture, "boxes.spg");
@@ -132,6 +134,33 @@ void Player::buildButtons()
             new PanelButton(470, 230, "", 0, viewX, viewY, viewWidth, viewHeight);
         disturbButton = new PanelButton(533, 19, "", 0, viewX, viewY, viewWidth, viewHeight);
     }
+}
+
+// Controllers: in a one-player game any plays, in a two-player game the first
+// the left side and the second the right. The face buttons choose the
+// cannons, the left shoulder splits the upgrades, the right one uses them.
+void Player::assignPadButtons()
+{
+    static const int cannonPadButtons[4] = {GLFW_PAD_X, GLFW_PAD_A, GLFW_PAD_B, GLFW_PAD_Y};
+    const int seat = singlePlayer ? GLFW_ANY_PAD : side - 1;
+    for (int i = 0; i < 4; ++i)
+        cannonButtons[i]->answerToPad(seat, cannonPadButtons[i]);
+    shareUpButton->answerToPad(seat, GLFW_PAD_LEFT_BUMPER);
+    shareDownButton->answerToPad(seat, GLFW_PAD_LEFT_TRIGGER);
+    useTemporaryButton->answerToPad(seat, GLFW_PAD_RIGHT_BUMPER);
+    if (disturbButton)
+        disturbButton->answerToPad(seat, GLFW_PAD_RIGHT_TRIGGER);
+}
+
+void Player::holdPadsUntilReleased()
+{
+    for (PanelButton* button : cannonButtons)
+        button->holdPadUntilReleased();
+    shareUpButton->holdPadUntilReleased();
+    shareDownButton->holdPadUntilReleased();
+    useTemporaryButton->holdPadUntilReleased();
+    if (disturbButton)
+        disturbButton->holdPadUntilReleased();
 }
 
 Player::~Player()

@@ -30,6 +30,8 @@ public:
     Player& operator=(const Player&) = delete;
 
     void update();
+    // After a pause: the controller's buttons held now wait to be let go.
+    void holdPadsUntilReleased();
     // endState refined by the score: 2 and 4 mark a new hi-score.
     uint8_t endCode() const;
     void concede() { endState = 1; }
@@ -87,6 +89,7 @@ public:
 private:
     void setUpView(int windowWidth, int windowHeight);
     void buildButtons();
+    void assignPadButtons();
     void bookKill(float x, float y, float size, int pass);
     void readInput();
     void clickPressedButtons();

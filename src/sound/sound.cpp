@@ -14,6 +14,7 @@ namespace {
 
 FMOD_SYSTEM* fmodSystem = nullptr;
 bool audioReady = false;
+bool muted = false;
 
 constexpr unsigned int requiredVersion = 0x44004;
 constexpr int highestKnownResult = 95;
@@ -31,6 +32,8 @@ bool reportFailure(FMOD_RESULT result)
 }
 
 }  // namespace
+
+void setMuted(bool mute) { muted = mute; }
 
 void initAudio()
 {
@@ -128,6 +131,6 @@ void Sound::setPaused(bool paused)
 
 void Sound::applyVolume()
 {
-    int volume = stream ? getMusicVolume() : getSoundVolume();
+    int volume = muted ? 0 : stream ? getMusicVolume() : getSoundVolume();
     reportFailure(FMOD_Channel_SetVolume(channel, static_cast<float>(volume / 100.0)));
 }

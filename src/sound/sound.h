@@ -11,6 +11,8 @@ struct FMOD_CHANNEL;
 void initAudio();
 void updateAudio();
 void shutdownAudio();
+// Silences every Sound for this run (--mute); the stored volumes stay.
+void setMuted(bool muted);
 
 class Sound {
 public:

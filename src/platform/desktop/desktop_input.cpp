@@ -55,6 +55,11 @@ int glfwGetMouseButton(int button)
     return glfw3Bridge::mouseButtonDown(button) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
+int glfwGetPadButton(int seat, int button)
+{
+    return glfw3Bridge::padButtonDown(seat, button) ? GLFW_PRESS : GLFW_RELEASE;
+}
+
 void glfwGetMousePos(int* x, int* y)
 {
     double cursorX = 0, cursorY = 0;

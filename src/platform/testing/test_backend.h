@@ -40,7 +40,7 @@ namespace testBackend {
 constexpr double keyRepeatDelay = 0.5;
 
 // Back to a fresh state: clock 0, round 0, no input held, mouse at 0, 0, no
-// script, focus on, default modes (see below), no failures armed, no frame
+// controllers, no script, focus on, default modes (see below), no failures armed, no frame
 // restore forced, services available and nothing recorded, glfwInit not yet
 // called. Closes a window left open.
 void reset();
@@ -62,6 +62,11 @@ void mouseButtonAt(unsigned round, int button, bool down);
 void mouseMoveAt(unsigned round, int x, int y);
 void focusAt(unsigned round, bool focused);
 void closeAt(unsigned round);  // the user closes the window
+// Game controllers, by the joystick number the desktop would give them (0 to
+// 15): one plugged in takes a seat as on the desktop (pad_seats.h), one
+// unplugged leaves its seat and lets go of its buttons. Buttons: GLFW_PAD_*.
+void padPluggedAt(unsigned round, int joystick, bool plugged);
+void padButtonAt(unsigned round, int joystick, int button, bool down);
 // Immediate changes, without waiting for a round.
 void setKey(int key, bool down);
 void setMouseButton(int button, bool down);

@@ -93,6 +93,21 @@ void apply(const ScriptEvent& event)
     case ScriptEvent::Close:
         s.closed = true;
         break;
+    case ScriptEvent::PadPlug:
+        if (event.a < 0 || event.a >= BackendState::joystickCount) break;
+        if (event.on) {
+            s.pads.plugIn(event.a);
+        } else {
+            s.pads.unplug(event.a);
+            for (bool& held : s.padButtons[event.a]) held = false;
+        }
+        break;
+    case ScriptEvent::PadButton:
+        if (event.a >= 0 && event.a < BackendState::joystickCount && event.b >= 0 &&
+            event.b <= GLFW_PAD_BUTTON_LAST) {
+            s.padButtons[event.a][event.b] = event.on;
+        }
+        break;
     }
 }
 
@@ -170,6 +185,16 @@ void mouseButtonAt(unsigned round, int button, bool down)
 void mouseMoveAt(unsigned round, int x, int y) { schedule(makeEvent(round, ScriptEvent::MouseMove, x, y, false)); }
 void focusAt(unsigned round, bool focused) { schedule(makeEvent(round, ScriptEvent::Focus, 0, 0, focused)); }
 void closeAt(unsigned round) { schedule(makeEvent(round, ScriptEvent::Close, 0, 0, true)); }
+
+void padPluggedAt(unsigned round, int joystick, bool plugged)
+{
+    schedule(makeEvent(round, ScriptEvent::PadPlug, joystick, 0, plugged));
+}
+
+void padButtonAt(unsigned round, int joystick, int button, bool down)
+{
+    schedule(makeEvent(round, ScriptEvent::PadButton, joystick, button, down));
+}
 
 void setKey(int key, bool down) { apply(makeEvent(0, ScriptEvent::Key, key, 0, down)); }
 void setMouseButton(int button, bool down) { apply(makeEvent(0, ScriptEvent::MouseButton, button, 0, down)); }

@@ -53,6 +53,14 @@ int glfwGetMouseButton(int button)
     return s.buttons[button] ? GLFW_PRESS : GLFW_RELEASE;
 }
 
+int glfwGetPadButton(int seat, int button)
+{
+    const auto& s = state();
+    if (button < 0 || button > GLFW_PAD_BUTTON_LAST) return GLFW_RELEASE;
+    const bool held = s.pads.holds(seat, button, [&s](int joystick, int b) { return s.padButtons[joystick][b]; });
+    return held ? GLFW_PRESS : GLFW_RELEASE;
+}
+
 void glfwGetMousePos(int* x, int* y)
 {
     if (x) *x = state().mouseX;

@@ -9,16 +9,17 @@
 #include "platform/back_buffer_keeper.h"
 #include "platform/carried_keys.h"
 #include "platform/glfw.h"
+#include "platform/pad_seats.h"
 #include "platform/testing/test_backend.h"
 
 namespace testBackend {
 
 struct ScriptEvent {
-    enum Kind { Key, MouseButton, MouseMove, Focus, Close };
+    enum Kind { Key, MouseButton, MouseMove, Focus, Close, PadPlug, PadButton };
     unsigned round = 0;
     Kind kind = Key;
-    int a = 0, b = 0;  // key or button; or x and y
-    bool on = false;   // down, focused
+    int a = 0, b = 0;  // key or button; or x and y; or joystick and pad button
+    bool on = false;   // down, focused, plugged in
 };
 
 struct OpenHints {
@@ -49,6 +50,9 @@ struct BackendState {
     int mouseX = 0, mouseY = 0;
     bool focused = true;
     bool closed = false;  // by the user, through the script
+    static constexpr int joystickCount = 16;
+    PadSeats pads;
+    bool padButtons[joystickCount][GLFW_PAD_BUTTON_LAST + 1] = {};
 
     // The pretended desktop
     std::vector<GLFWvidmode> modes;
