@@ -31,7 +31,9 @@ ProgramRun runProgram()
 {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    ProgramRun run{runGorvan(), testing::internal::GetCapturedStdout(), ""};
+    char name[] = "gorvan";
+    char* argv[] = {name, nullptr};
+    ProgramRun run{runGorvan(1, argv), testing::internal::GetCapturedStdout(), ""};
     run.err = testing::internal::GetCapturedStderr();
     return run;
 }
