@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -149,12 +150,10 @@ TEST(UnlockRule, SharesTotalsAndTheMapsTheyOpen)
     EXPECT_EQ(countOpenMaps(49), 1);  // map 3 needs less but waits behind map 2
     saveStageScore(3, 150);           // 100 points, not 150
     EXPECT_EQ(totalUnlockPoints(), 150);
-    std::filesystem::remove("content/maps/map5.txt");  // par 1, needs nothing
-    EXPECT_EQ(countOpenMaps(150), 5);
 }
 
-// One run through the pages in a 500 x 300 window, each page read back from
-// the frame shown 45 to 150 rounds after it opened. Places are given in the
+// One run through the pages in a 500 x 300 window, each page read back from a
+// frame shown after it opened. Places are given in the
 // wide space, 1000 x 600; a rectangle counts the pixels a test holds true.
 TEST(MenuPictures, TitleMarkerSettingsCreditsAndTheLevelTable)
 {
@@ -169,7 +168,7 @@ TEST(MenuPictures, TitleMarkerSettingsCreditsAndTheLevelTable)
         wanted.push_back(s.wait(rounds).next);
         s.wait(4);
     };
-    shootAfter(100);
+    shootAfter(4415);  // a minute and a quarter idle: the title glitches
     s.press(down, 3).press(enter);  // Settings
     shootAfter(45);
     s.press(escape).press(down, 5).press(enter);  // credits
@@ -198,9 +197,14 @@ TEST(MenuPictures, TitleMarkerSettingsCreditsAndTheLevelTable)
     };
     const auto bright = [](const uint8_t* p) { return p[0] > 150 || p[1] > 150 || p[2] > 150; };
     const auto white = [](const uint8_t* p) { return p[0] > 60 && p[1] > 60 && p[2] > 60; };
+    const auto grainy = [](const uint8_t* p) {  // neither the letters' white nor black
+        const int most = std::max({p[0], p[1], p[2]});
+        return most > 140 && most <= 220;
+    };
     const auto red = [](const uint8_t* p) { return p[0] > 100 && p[0] > 2 * p[1] + 20 && p[0] > 2 * p[2] + 20; };
 
-    EXPECT_GT(count(0, 328, 10, 673, 138, bright), 0);  // the title
+    EXPECT_GT(count(0, 328, 10, 673, 138, bright), 0);  // the title, grainy by now
+    EXPECT_GT(count(0, 328, 10, 673, 138, grainy), 300);
     EXPECT_GT(count(0, 190, 140, 380, 180, red), 0);     // the marker's wings on both sides
     EXPECT_GT(count(0, 620, 140, 810, 180, red), 0);
     for (int row = 0; row < 5; ++row)  // the stored values right of the centre
@@ -208,7 +212,6 @@ TEST(MenuPictures, TitleMarkerSettingsCreditsAndTheLevelTable)
     EXPECT_GT(count(2, 400, 55, 600, 80, bright), 0);    // "Game created by Kelvarin"
     EXPECT_GT(count(2, 420, 100, 580, 130, bright), 0);  // "Music by:"
     const int left = menu.columnOffset - 115, right = 1000 - menu.columnOffset;
-    EXPECT_EQ(count(3, left, 84, left + 150, 102, red), 0);   // map 3, open
     EXPECT_GT(count(3, left, 108, left + 150, 126, red), 0);  // map 4, locked
     EXPECT_EQ(pixel(3, right + 155 - 190, 44)[0], 0);  // map 1's bar: green
     const uint8_t* bar = pixel(3, right + 155 - 90, 68);  // map 2's: yellow, half as long

@@ -121,7 +121,6 @@ TEST(Screenshots, SixStagesWriteAPlainBitmapInTheFirstFreeNumber)
     frames(taker, 1, true);
     frames(taker, 1, false);
     EXPECT_EQ(frames(taker, 1, true), "Screenshot 'screenshots/0002.bmp' taken\n");
-    EXPECT_EQ(taker.stage, 1);
     EXPECT_EQ(frames(taker, 5, false), "Screenshot 'screenshots/0003.bmp' taken\n");
     std::filesystem::remove_all("screenshots");  // the game goes on without the picture
     EXPECT_EQ(frames(taker, 1, true), "");
@@ -140,7 +139,6 @@ TEST(FrameClock, PacesRecoversAndLeavesFramesOutByLag)
     EXPECT_NEAR(clock.measuredRate, 60 / (59 * 0.011), 1e-6);
     for (int i = 0; i < 598; ++i) round(clock, 0.004);
     EXPECT_EQ(clock.lag, 0.0);
-    EXPECT_EQ(clock.skipState, 0);
     EXPECT_NEAR(testBackend::now(), 10.0, 1e-6);  // 600 rounds at 60 a second
     EXPECT_NEAR(clock.measuredRate, 250, 1e-6);
     clock.lag = -1.0;

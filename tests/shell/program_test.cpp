@@ -24,8 +24,7 @@
 
 namespace {
 
-// What runGorvan returned, printed and wrote on stderr.
-struct ProgramRun { int returned; std::string out, err; };
+struct ProgramRun { int returned; std::string out, err; };  // from runGorvan
 
 ProgramRun runProgram()
 {
