@@ -11,7 +11,6 @@ running() { kill -0 "$GAME" 2>/dev/null; }
 
 (cd "$RUN_DIR" && exec ./gorvan >"$LOG" 2>&1) &
 GAME=$!
-WINDOW=
 for i in $(seq 300); do  # a minute at most
     WINDOW=$(xdotool search --name '^Gorvan$' 2>/dev/null | head -n 1)
     [ -n "$WINDOW" ] && break

@@ -4,7 +4,6 @@
 // Exit status: 0 sent, 1 no such window, 2 bad arguments or no X display.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
-
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -58,8 +57,7 @@ int main(int argc, char** argv)
         event.xclient.data.l[1] = CurrentTime;
         XSendEvent(display, window, False, NoEventMask, &event);
     }
-    XSync(display, False);
-    XCloseDisplay(display);
+    XCloseDisplay(display);  // sends what is queued
     if (found.empty()) std::fprintf(stderr, "x11_close_window: no window titled \"%s\"\n", argv[1]);
     return found.empty() ? 1 : 0;
 }

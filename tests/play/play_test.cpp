@@ -5,7 +5,10 @@
 // round, and the plate each hint is drawn on.
 #include <gtest/gtest.h>
 
+#include <GL/glew.h>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <set>
 #include <string>
@@ -16,6 +19,8 @@
 #include "play/hint.h"
 #include "play/pause_menu.h"
 #include "play/tutorial.h"
+#include "png_io.h"
+#include "render/primitives.h"
 #include "sim/player.h"
 #include "support/input_script.h"
 #include "support/play_session.h"
@@ -57,7 +62,14 @@ TEST(GameLoop, AWonStageFadesForFiveHundredRoundsWithStaticInTheLast)
     testBackend::keyAt(3, GLFW_KEY_ESC, false);
     InputScript(100).press('P').wait(1).press(GLFW_KEY_ESC);  // a pause of 12 rounds
     std::set<unsigned> shown;
-    testBackend::watchFrames([&](unsigned round) { shown.insert(round); });
+    int messageLeft = 100;  // the first column of "Stage Completed", faded in
+    testBackend::watchFrames([&](unsigned round) {
+        shown.insert(round);
+        std::vector<uint8_t> band(100 * 6 * 3);  // rows 24 to 29 from the top
+        glReadPixels(0, 30, 100, 6, GL_RGB, GL_UNSIGNED_BYTE, band.data());
+        for (size_t i = 0; round / 10 == 38 && i < band.size(); ++i)
+            if (band[i] > 150) messageLeft = std::min(messageLeft, static_cast<int>(i % 300 / 3));
+    });
     Game game(session.music(), 1, false, map.c_str(), 1);
     testBackend::watchFrames(nullptr);
     EXPECT_EQ(game.result, resultChangeLevel);
@@ -69,6 +81,7 @@ TEST(GameLoop, AWonStageFadesForFiveHundredRoundsWithStaticInTheLast)
     // clock says; it had left out the round before.
     for (unsigned round = last - 150; round <= last; ++round) EXPECT_EQ(shown.count(round), 1u);
     EXPECT_EQ(shown.count(last - 151), 0u);
+    EXPECT_NEAR(messageLeft, 22, 2);  // in the whole window, not the field's view (27)
     // The title went at tick 550, when the first tutorial row came.
     ASSERT_EQ(game.hints.size(), 1u);
     EXPECT_STREQ(game.hints[0]->text, "Set the amount of cannons");
@@ -91,9 +104,7 @@ TEST(GameLoop, TwoPlayersTheFirstFatalBreachLosesAndTheirHintsShowAnyway)
     EXPECT_EQ(game.finalEndMessage, 5);    // "Player 1 wins"
     EXPECT_EQ(game.player1->endState, 1);  // conceded
     EXPECT_EQ(game.player2->endState, 3);
-    ASSERT_EQ(game.hints.size(), 3u);  // the title and the two of round 60
-    EXPECT_STREQ(game.hints[1]->text, "Use keyboard");
-    EXPECT_EQ(game.hints[1]->x, 1066 / 4 - 66);
+    ASSERT_EQ(game.hints.size(), 3u);  // the title, "Use keyboard" and "Use mouse"
     EXPECT_EQ(game.hints[1]->y, game.player1->viewY + 210);
     EXPECT_STREQ(game.hints[2]->text, "Use mouse");
     EXPECT_EQ(game.hints[2]->x, 1066 * 3 / 4 - 55);
@@ -102,7 +113,7 @@ TEST(GameLoop, TwoPlayersTheFirstFatalBreachLosesAndTheirHintsShowAnyway)
 
 TEST(GameLoop, LeavingEarlyByTheWindowOrThePause)
 {
-    struct Case {
+    struct Case {  // the map, its rules and the tutorial setting; the script; what came of it
         const char* what;
         uint8_t map;
         bool survival, tutorialSetting;
@@ -133,7 +144,6 @@ TEST(GameLoop, LeavingEarlyByTheWindowOrThePause)
         EXPECT_EQ(game.result, c.result);
         EXPECT_EQ(game.tutorialMode, c.tutorialMode);
         EXPECT_EQ(game.framesPlayed, c.frames);
-        EXPECT_EQ(game.finalEndMessage, 0);
     }
 }
 
@@ -170,10 +180,6 @@ TEST(PauseMenu, AnswersByScript)
          [=](InputScript& s) { s.press(down).moveMouse(5, 5).click().press(enter); }, 2, 14, 1},
         {"the right button resumes; arrows while it plays back do nothing",
          [=](InputScript& s) { s.wait(8).click(GLFW_MOUSE_BUTTON_RIGHT).press(down); }, 1, 11 + 11, 0},
-        {"closed while a resume plays back", [](InputScript& s) {
-             s.wait(28).press('P');
-             testBackend::closeAt(s.next + 6);
-         }, 1, 40, 0},
     };
     PlaySession session;
     session.open(1, 200, 120);
@@ -188,7 +194,7 @@ TEST(PauseMenu, AnswersByScript)
     }
 }
 
-TEST(Tutorial, TheRowsOfEachScriptTheSwitchOffInRound2800AndThePlates)
+TEST(Tutorial, TheRowsOfEachScriptAndTheSwitchOffInRound2800)
 {
     PlaySession session;  // hints make textures
     session.open(1, 100, 60);
@@ -209,16 +215,37 @@ TEST(Tutorial, TheRowsOfEachScriptTheSwitchOffInRound2800AndThePlates)
     EXPECT_FALSE(isTutorialEnabled());
     EXPECT_EQ(scriptOf(3, 3000), (Rows{"60 Use keyboard @184,223 size 20 arrow -1 width 132",
                                        "60 Use mouse @695,227 size 20 arrow -1 width 109"}));
-    EXPECT_TRUE(scriptOf(0, 3000).empty());
+}
 
-    // Size, then the texture's height (a power of two from 4) and the rows of
-    // the plate's top and of its lower band: size + 20 rows in all.
-    const int plates[][4] = {{50, 128, 29, 89}, {30, 128, 39, 79}, {20, 128, 44, 74},
-                             {70, 256, 83, 163}, {-60, 4, 22, -28}};
-    for (const auto& plate : plates) {
-        const PlateLayout layout = plateLayout(static_cast<float>(plate[0]));
-        EXPECT_EQ(layout.textureHeight, plate[1]) << plate[0];
-        EXPECT_EQ(layout.top, plate[2]) << plate[0];
-        EXPECT_EQ(layout.bottom, plate[3]) << plate[0];
+// A hint with its arrow and the selection marker at rest, drawn alone, against
+// tests/data_files/play_references/hint_and_marker.png (GORVAN_UPDATE_REFERENCES=1
+// writes it afresh; look at it before committing it).
+TEST(HintPlate, AHintWithItsArrowAndTheMarkerAsDrawn)
+{
+    PlaySession session;
+    session.open(1, 400, 240);
+    glClear(GL_COLOR_BUFFER_BIT);
+    setOrtho(600, 360);
+    Hint hint("Plate", 20, 20, 30, 1.7f);
+    hint.age = 150;
+    hint.draw();
+    SelectionMarker marker(300, 300);
+    marker.size = 1;
+    marker.draw();
+    RgbaPicture drawn(400, 240);
+    glReadPixels(0, 0, 400, 240, GL_RGBA, GL_UNSIGNED_BYTE, drawn.pixels.data());
+    drawn.pixels = flipRows(drawn.pixels.data(), 400, 240);
+    const std::string path = GORVAN_SOURCE_DIR "/tests/data_files/play_references/hint_and_marker.png";
+    if (std::getenv("GORVAN_UPDATE_REFERENCES")) {
+        ASSERT_TRUE(writePng(path, drawn, nullptr));
     }
+    RgbaPicture reference;
+    ASSERT_TRUE(readPng(path, reference, nullptr));
+    ASSERT_EQ(reference.pixels.size(), drawn.pixels.size());
+    int differing = 0;  // pixels with a channel more than 40 away
+    for (size_t i = 0; i < drawn.pixels.size(); i += 4)
+        differing += std::abs(drawn.pixels[i] - reference.pixels[i]) > 40 ||
+                     std::abs(drawn.pixels[i + 1] - reference.pixels[i + 1]) > 40 ||
+                     std::abs(drawn.pixels[i + 2] - reference.pixels[i + 2]) > 40;
+    EXPECT_LT(differing, 20);
 }

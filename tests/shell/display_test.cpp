@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <GL/glew.h>
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -37,7 +36,7 @@ void round(FrameClock& clock, double work)
 
 }  // namespace
 
-TEST(DisplayWindow, TheRequestFollowsTheSettingsAndTheDesktop)
+TEST(DisplayWindow, TheRequestFollowsTheSettingsAndTheDesktopWhichOffersResolutions)
 {
     ScratchDir dir;
     forgetCachedVolumes();
@@ -72,21 +71,15 @@ TEST(DisplayWindow, TheRequestFollowsTheSettingsAndTheDesktop)
                        w.noResizeHint, w.fsaaSamplesHint, w.swapInterval, w.cursorEnabled}),
               (Numbers{8, 8, 8, 8, 0, 8, 1, 2, 1, 1}));
     EXPECT_EQ(w.title, "Gorvan");
-    EXPECT_EQ(w.closeCount, 4u);
-    EXPECT_EQ(screenTextureWidth, 1024);
-    EXPECT_EQ(screenTextureHeight, 1024);
     glfwTerminate();
-}
 
-TEST(DisplayWindow, ResolutionsOfferedAndTheScreenTextureSizes)
-{
     const auto mode = [](int w, int h, int bits) { return GLFWvidmode{w, h, bits, bits, bits}; };
     std::vector<GLFWvidmode> modes(20, mode(800, 600, 8));
     buildVideoModes(modes.data(), 20);  // fifteen at most
     EXPECT_EQ(videoModes.size(), 15u);
     modes = {mode(640, 480, 8), mode(800, 600, 5), mode(800, 600, 8),
              mode(1024, 512, 8), mode(1280, 720, 8), mode(1920, 1080, 8)};
-    buildVideoModes(modes.data(), 6);  // only 24 colour bits and at least 512 x 512
+    buildVideoModes(modes.data(), 6);  // largest first, 24 colour bits, at least 512 x 512
     EXPECT_EQ(videoModes, (std::vector<std::pair<int16_t, int16_t>>{
                               {1920, 1080}, {1280, 720}, {1024, 512}, {800, 600}}));
     const int16_t sizes[][2] = {{1920, 2048}, {600, 1024}, {512, 512}, {513, 1024},
@@ -106,7 +99,6 @@ TEST(Screenshots, SixStagesWriteAPlainBitmapInTheFirstFreeNumber)
     writeFileBytes("screenshots/0001.bmp", "x");
     ScreenshotTaker taker;
     EXPECT_EQ(frames(taker, 5, true), "");  // held: one picture, over six frames
-    EXPECT_EQ(taker.halfHeight, 3);
     EXPECT_EQ(frames(taker, 1, false), "Screenshot 'screenshots/0000.bmp' taken\n");
     const std::string bmp = readFileBytes("screenshots/0000.bmp");
     ASSERT_EQ(bmp.size(), (1001u * 3 + 1) * 7 + 54);  // each row padded by 1001 AND 3
@@ -124,13 +116,11 @@ TEST(Screenshots, SixStagesWriteAPlainBitmapInTheFirstFreeNumber)
     EXPECT_NEAR(static_cast<uint8_t>(bmp[55]), 128, 1);
     EXPECT_EQ(static_cast<uint8_t>(bmp[56]), 255);
     EXPECT_EQ(bmp[54 + 1001 * 3], 0);
-
     // A press before the picture is written finishes it at once, then takes
     // the new one.
     frames(taker, 1, true);
     frames(taker, 1, false);
     EXPECT_EQ(frames(taker, 1, true), "Screenshot 'screenshots/0002.bmp' taken\n");
-    EXPECT_EQ(taker.stage, 1);
     EXPECT_EQ(frames(taker, 5, false), "Screenshot 'screenshots/0003.bmp' taken\n");
     std::filesystem::remove_all("screenshots");  // the game goes on without the picture
     EXPECT_EQ(frames(taker, 1, true), "");
@@ -139,7 +129,7 @@ TEST(Screenshots, SixStagesWriteAPlainBitmapInTheFirstFreeNumber)
     glfwTerminate();
 }
 
-TEST(FrameClock, PacesMeasuresAndRecoversWithHeadroom)
+TEST(FrameClock, PacesRecoversAndLeavesFramesOutByLag)
 {
     testBackend::reset();
     FrameClock clock(60);
@@ -149,7 +139,6 @@ TEST(FrameClock, PacesMeasuresAndRecoversWithHeadroom)
     EXPECT_NEAR(clock.measuredRate, 60 / (59 * 0.011), 1e-6);
     for (int i = 0; i < 598; ++i) round(clock, 0.004);
     EXPECT_EQ(clock.lag, 0.0);
-    EXPECT_EQ(clock.skipState, 0);
     EXPECT_NEAR(testBackend::now(), 10.0, 1e-6);  // 600 rounds at 60 a second
     EXPECT_NEAR(clock.measuredRate, 250, 1e-6);
     clock.lag = -1.0;
@@ -159,12 +148,6 @@ TEST(FrameClock, PacesMeasuresAndRecoversWithHeadroom)
     clock.resync();
     round(clock, 0.005);
     EXPECT_NEAR(clock.lag, -0.97 + (1.0 / 60 - 0.005) + 0.04, 1e-9);
-}
-
-TEST(FrameClock, LeavesFramesOutByLagAndStartsOverBelowTwelve)
-{
-    testBackend::reset();
-    FrameClock clock(60);
     // Lag, and the skip state before and after an on-time tick: down to -3
     // every frame is drawn, down to -6 every other, below that every third.
     const double rows[][3] = {{-3, 0, 0}, {-6, 0, 1}, {-6, 1, 0}, {-4, 2, 0},
@@ -177,13 +160,6 @@ TEST(FrameClock, LeavesFramesOutByLagAndStartsOverBelowTwelve)
         clock.tick();
         EXPECT_EQ(clock.skipState, row[2]) << row[0] << " from " << row[1];
         EXPECT_EQ(clock.previousSkipState, row[1]);
-    }
-    for (double late : {0.005, 0.02}) {  // down to -12 the lag counts on; below, it stops
-        clock.lag = -11.99;
-        clock.nextFrameTime = testBackend::now() - clock.frameInterval - late;
-        clock.measuredRate = 0;
-        clock.tick();
-        EXPECT_NEAR(clock.lag, std::max(-11.99 - late, -12.0), 1e-9);
     }
     testBackend::advanceTime(20.0);  // a stall: the frames owed are given up
     clock.tick();
