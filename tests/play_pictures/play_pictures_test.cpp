@@ -4,10 +4,7 @@
 // ground in other rounds are missing. Every drawn frame must leave no GL error
 // and a clean stencil; beside the comparison each picture is checked for what
 // it must show, so a reference that was wrong when written is caught too.
-//
-// To write the references afresh, after a deliberate change of the drawing:
-//   GORVAN_UPDATE_REFERENCES=1 xvfb-run -a -s "-screen 0 1920x1080x24" ./test_play_pictures
-// in the build's tests/ folder, then look at every picture before committing.
+// tests/data_files/references/README.md says how to write them afresh.
 //
 // The scripts were laid out by following the seeded games round by round:
 // - stage, map 20 "Singularity", seed 2: no cannons and the share on
@@ -102,14 +99,17 @@ TEST(PlayPictures, StageBlastInTheFrameAfterThePressAndLateLightning)
     EXPECT_TRUE(matchesReference(script.pictures[blast], "stage_blast", gameTolerance));
     EXPECT_TRUE(matchesReference(script.pictures[late], "stage_late_lightning", gameTolerance));
 
-    // The blast's red bolts, light and warm glow cover the field in the frame
-    // after the press, not before.
+    // The blast's red bolts and warm glow cover the field in the frame after
+    // the press, not before; the glow saturates red, so its red light shows
+    // later: 94 rounds on it still reddens the ground between the cannons.
     const PlayerView view = playerView(1000, 600, true, 0);
     const AreaMeans before = measure(script.pictures[pressed], viewArea(view, 600));
     const AreaMeans after = measure(script.pictures[blast], viewArea(view, 600));
     EXPECT_LT(before.red, 130.0);
     EXPECT_GT(after.red, before.red + 100);
     EXPECT_GT(after.brightness(), 1.5 * before.brightness());
+    const AreaMeans lit = measure(script.pictures[late], viewArea(view, 600, 274, 466, 64, 64));
+    EXPECT_GT(lit.red, 2 * lit.green);
 }
 
 TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
@@ -138,7 +138,6 @@ TEST(PlayPictures, SurvivalEarlyPlayBreachStaticAndClosingFade)
     const AreaMeans lit = measure(first, viewArea(view, 600));
     EXPECT_GT(lit.brightness(), 40.0);  // a lit ground, neither black nor washed out
     EXPECT_LT(lit.brightness(), 200.0);
-    EXPECT_GT(measure(script.pictures[breach], viewArea(view, 600)).grain, 3 * lit.grain);
     // Three cannons standing make resources at a rate of 1: a red part of 288 of 384.
     const AreaMeans firepower = measure(first, viewArea(view, 600, 40, 566, 200, 3));
     EXPECT_GT(firepower.red, 2 * firepower.green);
@@ -169,7 +168,6 @@ TEST(PlayPictures, TwoPlayersSideBySide)
     for (uint8_t side : {1, 2}) {
         const AreaMeans field = measure(script.pictures[both], viewArea(playerView(1280, 720, false, side), 720));
         EXPECT_GT(field.brightness(), 30.0) << int(side);
-        EXPECT_GT(field.grain, 1.0) << int(side);  // ground, not a flat fill
     }
 }
 

@@ -31,25 +31,14 @@ WindowPicture WindowPicture::readBack()
 AreaMeans measure(const WindowPicture& picture, const PixelRect& area)
 {
     AreaMeans means;
-    double pixels = 0, pairs = 0;
     for (int y = area.y; y < area.y + area.height; ++y)
         for (int x = area.x; x < area.x + area.width; ++x) {
-            const uint8_t* p = picture.at(x, y);
-            means.red += p[0];
-            means.green += p[1];
-            means.blue += p[2];
-            pixels += 1;
-            if (x + 1 < area.x + area.width) {
-                const uint8_t* q = picture.at(x + 1, y);
-                means.grain += (std::abs(p[0] - q[0]) + std::abs(p[1] - q[1]) +
-                                std::abs(p[2] - q[2])) / 3.0;
-                pairs += 1;
-            }
+            means.red += picture.at(x, y)[0];
+            means.green += picture.at(x, y)[1];
+            means.blue += picture.at(x, y)[2];
         }
-    means.red /= std::max(pixels, 1.0);
-    means.green /= std::max(pixels, 1.0);
-    means.blue /= std::max(pixels, 1.0);
-    means.grain /= std::max(pairs, 1.0);
+    const double pixels = std::max(area.width * area.height, 1);
+    means.red /= pixels, means.green /= pixels, means.blue /= pixels;
     return means;
 }
 

@@ -4,8 +4,8 @@
 // a picture matches while few enough pixels differ. The tolerance covers the
 // rasterizer's arithmetic (another Mesa rounds light sums, blending, text
 // edges and the hash noise of static a little differently): games, full of
-// noise, get the loose one; scenes, which must show a bar one unit too
-// short, the strict one.
+// noise, get the loose one; a scene without noise, which must show a bar one
+// unit too short, the strict one.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,8 @@ struct Tolerance {
     double differingShare;
 };
 constexpr Tolerance gameTolerance{40, 0.01};
-constexpr Tolerance sceneTolerance{12, 0.0003};
+constexpr Tolerance noisySceneTolerance{24, 0.002};
+constexpr Tolerance sceneTolerance{6, 0.00002};
 
 struct WindowPicture {
     int width = 0, height = 0;
@@ -33,10 +34,9 @@ struct PixelRect {
     int x, y, width, height;  // window pixels from the top left
 };
 
-// Means of each channel over a rectangle, and of the difference between
-// horizontal neighbours (how grainy it is).
+// Means of each channel over a rectangle.
 struct AreaMeans {
-    double red = 0, green = 0, blue = 0, grain = 0;
+    double red = 0, green = 0, blue = 0;
     double brightness() const { return (red + green + blue) / 3; }
 };
 AreaMeans measure(const WindowPicture& picture, const PixelRect& area);

@@ -49,13 +49,6 @@ uint32_t makeNearestTexture(int width, int height, const std::vector<unsigned ch
     return texture;
 }
 
-uint32_t makeTinyTexture(Rgba bottomLeft, Rgba bottomRight, Rgba topLeft, Rgba topRight)
-{
-    std::vector<unsigned char> rgba;
-    for (const Rgba& c : {bottomLeft, bottomRight, topLeft, topRight}) rgba.insert(rgba.end(), {c.r, c.g, c.b, 255});
-    return makeNearestTexture(2, 2, rgba);
-}
-
 void useCodedFont()
 {
     const int width = 2048, height = 512;

@@ -15,9 +15,8 @@ struct Rgba {
 void openTestWindow(int width, int height);  // also sets the screen geometry
 void closeTestWindow();
 Rgba pixelAt(int x, int yFromTop);  // of the back buffer
-// Nearest-filtered RGBA textures, rows bottom first.
+// A nearest-filtered RGBA texture, rows bottom first.
 uint32_t makeNearestTexture(int width, int height, const std::vector<unsigned char>& rgba);
-uint32_t makeTinyTexture(Rgba bottomLeft, Rgba bottomRight, Rgba topLeft, Rgba topRight);
 
 // fontTexture becomes a picture whose every cell is a flat colour naming it:
 // red 4 * column (4 * 52 past the last), green 40 * row from the top, blue 200.

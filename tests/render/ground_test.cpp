@@ -1,5 +1,6 @@
 // The generated ground, on the CPU: the slope formula, the softening, the
-// slopes of a ground with their rim rule, the stones, and the whole ground.
+// slopes of a ground with their rim rule, and the stones, whose few levels of
+// darkening a lit picture can't pin. The whole ground is in every scene.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -93,31 +94,6 @@ TEST(Ground, StonesDarkenARaggedPatchBy1To7PerChannelDownToZero)
     EXPECT_EQ(*std::max_element(surfaceData, surfaceData + bytes), 3) << "no wrap below zero";
     EXPECT_EQ(*std::min_element(surfaceData, surfaceData + bytes), 0);
     freeSurfaceData();
-}
-
-TEST(Ground, TheSameSeedGivesTheSameSandyGround)
-{
-    seedRandom(12345);
-    generateSurfaceData(nullptr);
-    const std::vector<uint8_t> first(surfaceData, surfaceData + bytes);
-    seedRandom(12345);
-    generateSurfaceData(nullptr);
-    EXPECT_TRUE(std::equal(first.begin(), first.end(), surfaceData));
-    // Softened sand of red 98-158, green 49-79, blue 9-23, darkened by
-    // speckles (red 15 to 30) and stones.
-    double red = 0;
-    int darkest = 255, brightest[3] = {};
-    for (int i = 0; i < bytes; i += 3) {
-        red += surfaceData[i];
-        darkest = std::min<int>(darkest, surfaceData[i]);
-        for (int c = 0; c < 3; c++) brightest[c] = std::max<int>(brightest[c], surfaceData[i + c]);
-    }
-    EXPECT_NEAR(red / (bytes / 3), 125, 5);
-    EXPECT_LT(darkest, 98);
-    const int ceiling[3] = {158, 79, 23};
-    for (int c = 0; c < 3; c++) EXPECT_LE(brightest[c], ceiling[c]);
-    freeSurfaceData();
-    EXPECT_EQ(surfaceData, nullptr);
 }
 
 }  // namespace

@@ -211,10 +211,8 @@ TEST_F(Shaders, BootProgressGroundTextureAndTheSpeedUpSign)
     EXPECT_EQ(at(128, 32)[0], 0);
     EXPECT_EQ(at(128, 32)[1], 255) << "sharp green letters";
     EXPECT_GT(at(38, 32)[0], 20) << "a red glow just beside them";
-    EXPECT_EQ(at(38, 32)[1], 0);
     EXPECT_GT(at(128, 3)[0], 10) << "the glow reaches above the letters";
     EXPECT_EQ(at(10, 32)[0], 0) << "black further out";
-    EXPECT_EQ(at(250, 60)[0], 0);
     // Screen space and white are back.
     expectCommonDrawingState();
     float projection[16] = {};
