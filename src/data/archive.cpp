@@ -4,7 +4,17 @@
 #include <cstring>
 #include <new>
 
+#include "base/log.h"
+
 namespace {
+
+// The longest entry handed out: far beyond any picture or shader, and small
+// enough to allocate whatever a damaged length asks for. Fuzz builds set a
+// smaller one, so that no execution spends its time filling zeros.
+#ifndef GORVAN_LONGEST_ENTRY
+#define GORVAN_LONGEST_ENTRY (256u << 20)
+#endif
+constexpr uint32_t longestEntry = GORVAN_LONGEST_ENTRY;
 
 // The archive file read byte by byte from the front. A read that runs past the
 // end gives the byte 0 for each missing byte (as a failed single-byte read does
@@ -17,7 +27,6 @@ public:
 
     bool hitEnd() const { return atEnd; }
     uint64_t bytesLeft() const { return position < fileSize ? fileSize - position : 0; }
-    uint64_t size() const { return fileSize; }
 
     void seekTo(uint64_t offset) { position = offset; }
 
@@ -65,8 +74,7 @@ uint64_t sizeOfFile(FILE* file)
 
 void reportNotFound(const char* archivePath, const char* entryName)
 {
-    fprintf(stderr, "Couldn't find %s from %s\n", entryName, archivePath);
-    fflush(stderr);
+    logError("Couldn't find %s from %s", entryName, archivePath);
 }
 
 }  // namespace
@@ -77,8 +85,7 @@ unsigned char* readEntry(const char* archivePath, const char* entryName, uint32_
 {
     FILE* file = fopen(archivePath, "rb");
     if (!file) {
-        fprintf(stderr, "Couldn't open %s\n", archivePath);
-        fflush(stderr);
+        logError("Couldn't open %s", archivePath);
         return nullptr;
     }
     ArchiveStream stream(file, sizeOfFile(file));
@@ -104,15 +111,15 @@ unsigned char* readEntry(const char* archivePath, const char* entryName, uint32_
 
         uint32_t dataLength = stream.readLength();
         // A block cut short by the end of the file comes back zero-filled at its
-        // stated length; one that would run past the end by more than the whole
-        // file is damage, not truncation.
-        uint64_t missing = dataLength > stream.bytesLeft() ? dataLength - stream.bytesLeft() : 0;
+        // stated length, up to a length that no content comes near.
         unsigned char* data = nullptr;
-        if (missing <= stream.size()) data = new (std::nothrow) unsigned char[dataLength];
+        if (dataLength <= longestEntry) data = new (std::nothrow) unsigned char[dataLength];
         if (!data) {
-            fprintf(stderr, "Couldn't read %s from %s: its length %u runs far past the end of the file\n",
-                    entryName, archivePath, static_cast<unsigned>(dataLength));
-            fflush(stderr);
+            const char* why = dataLength <= longestEntry        ? "does not fit in memory"
+                              : dataLength > stream.bytesLeft() ? "runs far past the end of the file"
+                                                                : "is more than an entry may hold";
+            logError("Couldn't read %s from %s: its length %u %s", entryName, archivePath,
+                     static_cast<unsigned>(dataLength), why);
             fclose(file);
             return nullptr;
         }

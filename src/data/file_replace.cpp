@@ -1,21 +1,67 @@
 #include "data/file_replace.h"
 
-#include <cstdio>
+#include <cerrno>
+#include <fcntl.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include "base/log.h"
+
+namespace {
+
+// Writes all bytes and makes sure they reached the disk; closes the file.
+bool writeAndClose(FILE* file, const unsigned char* bytes, size_t size)
+{
+    bool written = std::fwrite(bytes, 1, size, file) == size;
+    written = std::fflush(file) == 0 && written;
+    written = ftruncate(fileno(file), static_cast<off_t>(size)) == 0 && written;
+    written = fsync(fileno(file)) == 0 && written;
+    return std::fclose(file) == 0 && written;
+}
+
+}  // namespace
+
+FILE* openSmallFile(const char* path, const unsigned char* defaults, size_t size,
+                    const SmallFileLines& lines)
+{
+    FILE* file = std::fopen(path, "rb");
+    if (file) return file;
+    if (errno == ENOENT) {
+        if (replaceFileContents(path, defaults, size))
+            logInfo("%s", lines.created);
+        else
+            logError("%s", lines.cannotCreate);
+        file = std::fopen(path, "rb");
+    }
+    if (!file) logError("%s", lines.cannotOpen);
+    return file;
+}
 
 bool replaceFileContents(const char* path, const unsigned char* bytes, size_t size)
 {
+    // Permissions mean what they say: the rename below would get past a file
+    // that may not be read or written.
+    struct stat old;
+    const bool exists = stat(path, &old) == 0;
+    if (exists) {
+        int probe = open(path, O_RDWR);
+        if (probe < 0) return false;
+        close(probe);
+    }
+
     std::string temporaryPath = std::string(path) + ".tmp";
     FILE* file = std::fopen(temporaryPath.c_str(), "wb");
-    if (!file) return false;
-
-    bool written = std::fwrite(bytes, 1, size, file) == size;
-    written = std::fflush(file) == 0 && written;
-    written = fsync(fileno(file)) == 0 && written;
-    written = std::fclose(file) == 0 && written;
-
-    if (!written || std::rename(temporaryPath.c_str(), path) != 0) {
+    if (!file) {
+        // A folder that may not take a new file: the file itself, where there
+        // is one. Anything else in the way (a folder of the temporary name, a
+        // full disk) fails the save.
+        const bool folderRefuses = errno == EACCES || errno == EPERM;
+        file = exists && folderRefuses ? std::fopen(path, "r+b") : nullptr;
+        return file && writeAndClose(file, bytes, size);
+    }
+    if (exists) fchmod(fileno(file), old.st_mode & 07777);
+    if (!writeAndClose(file, bytes, size) || std::rename(temporaryPath.c_str(), path) != 0) {
         std::remove(temporaryPath.c_str());
         return false;
     }

@@ -2,9 +2,9 @@
 
 #include <GL/glew.h>
 
-#include <cstdio>
 #include <string>
 
+#include "base/log.h"
 #include "data/archive.h"
 #include "data/spg_format.h"
 
@@ -13,16 +13,14 @@ unsigned char* loadImage(const char* name, uint16_t* outWidth, uint16_t* outHeig
     uint32_t size = 0;
     unsigned char* entry = Archive::readEntry("content/images.sfa", name, &size);
     if (!entry) {
-        fprintf(stderr, "Error while loading image %s\n", name);
-        fflush(stderr);
+        logError("Error while loading image %s", name);
         return nullptr;
     }
     std::string damage;
     unsigned char* pixels = decodeSpg(entry, size, outWidth, outHeight, &damage);
     delete[] entry;
     if (!pixels) {
-        fprintf(stderr, "Damaged image %s: %s\n", name, damage.c_str());
-        fflush(stderr);
+        logError("Damaged image %s: %s", name, damage.c_str());
     }
     return pixels;
 }

@@ -2,7 +2,8 @@
 
 #include <cstdio>
 #include <cstring>
-#include <iostream>
+
+#include "base/log.h"
 
 std::string mapFilePath(int number)
 {
@@ -16,7 +17,7 @@ bool openMapFile(std::ifstream& stream, int number)
     const std::string path = mapFilePath(number);
     stream.open(path);
     if (!stream.is_open()) {
-        std::cout << "Couldn't load map '" << path << "'!" << std::endl;
+        logInfo("Couldn't load map '%s'!", path.c_str());
         return false;
     }
     return true;
@@ -89,7 +90,7 @@ void readMapTitle(char* dest, int number, bool numbered)
     std::snprintf(dest, MAP_TITLE_CAPACITY, "%s", path.c_str());
     std::ifstream stream(path);
     if (!stream.is_open()) {
-        std::cerr << "Couldn't open map file '" << path << "'!" << std::endl;
+        logError("Couldn't open map file '%s'!", path.c_str());
         return;
     }
     const std::string title = readTitleLine(stream);
@@ -145,6 +146,6 @@ void MapReader::reportShort(const char* what) const
 {
     if (!isOpen() || failedLine == 0)
         return;
-    std::cerr << "Map '" << path << "' can't be read from line " << failedLine << " on; " << what
-              << " keep their defaults" << std::endl;
+    logError("Map '%s' can't be read from line %d on; %s keep their defaults", path.c_str(),
+             failedLine, what);
 }

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "base/log.h"
 #include "data/file_replace.h"
 
 namespace {
@@ -20,29 +21,18 @@ constexpr long survivalTable = mapCount * 4;
 // Opens the file for reading, making a fresh one of zeros when it is missing.
 FILE* openScoreFile()
 {
-    FILE* file = std::fopen(scorePath, "rb");
-    if (file) return file;
-
-    FILE* created = std::fopen(scorePath, "wb");
-    if (created) {
-        const unsigned char zeros[fileSize] = {};
-        std::fwrite(zeros, 1, sizeof zeros, created);
-        std::fclose(created);
-        std::printf("Created new score file\n");
-    } else {
-        std::fprintf(stderr, "Couldn't create new score file!\n");
-    }
-
-    file = std::fopen(scorePath, "rb");
-    if (!file) std::fprintf(stderr, "Couldn't open score file!\n");
-    return file;
+    static const unsigned char zeros[fileSize] = {};
+    static const SmallFileLines lines = {"Created new score file",
+                                         "Couldn't create new score file!",
+                                         "Couldn't open score file!"};
+    return openSmallFile(scorePath, zeros, sizeof zeros, lines);
 }
 
 // Offset of a map's value in a table, or -1 for a map number out of range.
 long valueOffset(long table, int mapNumber)
 {
     if (mapNumber < 1 || mapNumber > mapCount) {
-        std::fprintf(stderr, "No score for map %d: maps are 1 to %d\n", mapNumber, mapCount);
+        logError("No score for map %d: maps are 1 to %d", mapNumber, mapCount);
         return -1;
     }
     return table + (mapNumber - 1) * 4;
@@ -83,7 +73,7 @@ void saveScore(long table, int mapNumber, uint32_t score)
     // Written beside the old file and renamed over it, so a failed save
     // leaves the old scores standing.
     if (!replaceFileContents(scorePath, bytes, sizeof bytes)) {
-        std::fprintf(stderr, "Cannot save score!\n");
+        logError("Cannot save score!");
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "base/log.h"
 #include "data/file_replace.h"
 
 namespace {
@@ -16,21 +17,12 @@ const uint8_t notCached = 255;
 uint8_t cachedMusicVolume = notCached;
 uint8_t cachedSoundVolume = notCached;
 
-// Opens the settings for reading, making the file with its defaults when it
-// is missing. Null when it can be neither read nor made.
 FILE* openSettingsForReading()
 {
-    FILE* file = std::fopen(settingsPath, "rb");
-    if (file) return file;
-
-    if (replaceFileContents(settingsPath, defaultSettings, settingsSize))
-        std::printf("Created new settings file\n");
-    else
-        std::fprintf(stderr, "Couldn't create new settings file!\n");
-
-    file = std::fopen(settingsPath, "rb");
-    if (!file) std::fprintf(stderr, "Couldn't open settings file!\n");
-    return file;
+    static const SmallFileLines lines = {"Created new settings file",
+                                         "Couldn't create new settings file!",
+                                         "Couldn't open settings file!"};
+    return openSmallFile(settingsPath, defaultSettings, settingsSize, lines);
 }
 
 // One byte of the file. A file too short to hold it gives that field's
@@ -83,7 +75,7 @@ void writeSettings(const Settings& s)
         static_cast<unsigned char>(s.tutorialEnabled ? 0 : 1),  // stored inverted
         s.musicVolume, s.soundVolume};
     if (!replaceFileContents(settingsPath, bytes, settingsSize))
-        std::fprintf(stderr, "Cannot save settings!\n");
+        logError("Cannot save settings!");
 }
 
 }  // namespace
@@ -177,20 +169,12 @@ void forgetCachedVolumes()
 
 bool isFpsCounterEnabled()
 {
-    FILE* file = std::fopen(fpsPath, "rb");
-    if (!file) {
-        static const char defaultText[] = "0\nChange the 0 to 1 to enable fps counter";
-        if (replaceFileContents(fpsPath, reinterpret_cast<const unsigned char*>(defaultText),
-                                sizeof(defaultText) - 1))
-            std::printf("Created new fps file\n");
-        else
-            std::fprintf(stderr, "Couldn't create new fps file!\n");
-        file = std::fopen(fpsPath, "rb");
-        if (!file) {
-            std::fprintf(stderr, "Couldn't open fps file!\n");
-            return false;
-        }
-    }
+    static const char defaultText[] = "0\nChange the 0 to 1 to enable fps counter";
+    static const SmallFileLines lines = {"Created new fps file", "Couldn't create new fps file!",
+                                         "Couldn't open fps file!"};
+    FILE* file = openSmallFile(fpsPath, reinterpret_cast<const unsigned char*>(defaultText),
+                               sizeof(defaultText) - 1, lines);
+    if (!file) return false;
     // An empty file has no byte to read, and that counts as "not 0": on.
     int first = std::fgetc(file);
     std::fclose(file);

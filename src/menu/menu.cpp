@@ -17,6 +17,11 @@
 #include "shell/window.h"
 #include "sound/sound.h"
 
+std::string hiddenLetterPicture(int spot)
+{
+    return "hidden" + std::to_string(spot + 1) + ".spg";
+}
+
 Menu::Menu(uint8_t menuEntry)
 {
     music = new Sound("content/music/Brackwyn.ogg", true, true);
@@ -170,6 +175,7 @@ void Menu::loadTextures()
     for (int i = 0; i < 6; ++i) {
         std::snprintf(name, sizeof name, "letter%i.spg", i + 1);
         loadTexture(&letterTextures[i], name);
+        loadTexture(&hiddenTextures[i], hiddenLetterPicture(i).c_str());
     }
     for (int i = 0; i < 5; ++i) {
         std::snprintf(name, sizeof name, "info%i.spg", i + 1);
@@ -180,6 +186,7 @@ void Menu::loadTextures()
 void Menu::deleteTextures()
 {
     glDeleteTextures(6, letterTextures);
+    glDeleteTextures(6, hiddenTextures);
     glDeleteTextures(5, infoTextures);
 }
 

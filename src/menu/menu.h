@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "menu/widgets.h"
@@ -30,6 +31,13 @@ const uint8_t menuEntryMain = 0;
 const uint8_t menuEntryStage = 1;
 const uint8_t menuEntrySurvival = 2;
 const uint8_t menuEntryTwoPlayers = 3;
+
+// The title's six letters stand on fixed spots, given as offsets from the
+// centre of the wide space. After the long wait on the main page a second
+// picture comes over each, and the six spell the hidden word.
+extern const float titleLetterOffsets[6];
+// The entry name of the hidden word's letter on a spot (0 to 5).
+std::string hiddenLetterPicture(int spot);
 
 // Shown on the credits page without a scheme; opened with one.
 extern const char* const authorWebLabel;
@@ -58,6 +66,7 @@ public:
     SelectionMarker marker{0, 0};
     std::vector<RowHighlight> rowHighlights;
     uint32_t letterTextures[6] = {};
+    uint32_t hiddenTextures[6] = {};
     uint32_t infoTextures[5] = {};
     uint8_t unlockedMaps = 0;
     uint8_t selection = 0;

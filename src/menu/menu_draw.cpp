@@ -10,10 +10,6 @@
 
 namespace {
 
-// The six letters of the title, left to right, as offsets from the centre;
-// the second image spells the hidden word on the same spots.
-const float letterOffsets[6] = {-172, -131, -86, -37, 5, 45};
-const int secondImages[6] = {4, 3, 0, 1, 5, 2};  // indices into letterTextures
 const float letterTop = 10;
 const float letterSize = 128;
 
@@ -27,6 +23,9 @@ const uint32_t flashEnd = 5121;         // the letters flash back until here
 const int pageTransitionFrames = 40;
 
 }  // namespace
+
+// Left to right; the hidden word's letters stand on the same spots.
+const float titleLetterOffsets[6] = {-172, -131, -86, -37, 5, 45};
 
 void Menu::draw()
 {
@@ -71,7 +70,7 @@ void Menu::drawTitle() const
     glBlendFunc(GL_ONE, GL_ONE);
     for (int i = 0; i < 6; ++i) {
         const int32_t t = static_cast<int32_t>(pageFrames) - 10 * i;
-        const float x = c + letterOffsets[i];
+        const float x = c + titleLetterOffsets[i];
         if (t <= hiddenWordStart || pageFrames > secondImagesEnd) {
             useTransition4(static_cast<float>(t));
         } else {
@@ -88,7 +87,7 @@ void Menu::drawTitle() const
         }
         if (pageFrames > static_cast<uint32_t>(breakUpEnd) && pageFrames <= secondImagesEnd) {
             useEasterEgg2(static_cast<float>(pageFrames - breakUpEnd));
-            drawTexturedRect(letterTextures[secondImages[i]], x, letterTop, letterSize, letterSize);
+            drawTexturedRect(hiddenTextures[i], x, letterTop, letterSize, letterSize);
         }
         useProgram(basicProgram);
     }

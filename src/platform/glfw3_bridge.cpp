@@ -6,6 +6,7 @@
 #include <cctype>
 #include <cstdio>
 
+#include "platform/carried_keys.h"
 #include "platform/pad_seats.h"
 
 namespace glfw3Bridge {
@@ -14,6 +15,7 @@ namespace {
 
 bool started = false;
 GLFWwindow* window = nullptr;
+CarriedKeys carriedKeys;  // held through the last rebuild of the window
 PadSeats pads;
 
 // GLFW 3's keys for the 2.7 special keys, in 2.7's order from ESC (257).
@@ -181,12 +183,18 @@ bool openWindow(const WindowRequest& request)
         return false;
     }
     glfwMakeContextCurrent(window);
+    carriedKeys.windowOpened(glfwGetTime());
     return true;
 }
 
 void closeWindow()
 {
     if (window) {
+        std::vector<int> keysDown;
+        for (int code = 0; code <= LAST_SPECIAL_KEY; code++) {
+            if (keyDown(code)) keysDown.push_back(code);
+        }
+        carriedKeys.carry(keysDown);
         glfwDestroyWindow(window);
         window = nullptr;
     }
@@ -286,7 +294,8 @@ int hostKeyFor(int legacyKey)
 bool keyDown(int legacyKey)
 {
     int key = hostKeyFor(legacyKey);
-    return window && key >= 0 && glfwGetKey(window, key) == GLFW_PRESS;
+    bool down = window && key >= 0 && glfwGetKey(window, key) == GLFW_PRESS;
+    return window && carriedKeys.isDown(legacyKey, down, glfwGetTime());
 }
 
 bool mouseButtonDown(int button)

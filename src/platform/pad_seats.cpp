@@ -21,5 +21,3 @@ void PadSeats::unplug(int joystick)
         if (seated == joystick) seated = -1;
     }
 }
-
-int PadSeats::joystickAt(int seat) const { return seat >= 0 && seat < count ? joysticks[seat] : -1; }

@@ -12,7 +12,6 @@ public:
 
     void plugIn(int joystick);  // no seat when all are taken
     void unplug(int joystick);
-    int joystickAt(int seat) const;  // -1: an empty seat
 
     // Whether the controller in `seat`, or in any seat, holds `button`, as
     // holdsButton(joystick, button) says.
@@ -27,5 +26,5 @@ public:
     }
 
 private:
-    int joysticks[count] = {-1, -1, -1, -1};
+    int joysticks[count] = {-1, -1, -1, -1};  // -1: an empty seat
 };

@@ -139,6 +139,7 @@ void Game::run()
             // through the static again and again, whatever the clock says.
             useProgram(staticTransition1Program);
             copyScreen();
+            useProgram(basicProgram);
             glfwSwapBuffers();
         } else if (!clock.shouldDraw()) {
             glfwPollEvents();

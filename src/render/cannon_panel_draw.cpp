@@ -1,6 +1,6 @@
 // The cannon bank's part of the HUD: the three stat bars (Damage, Range,
-// Speed) with their temporary bonus on top, the upgrade panel, and outside
-// survival the stage's progress strip and its gear.
+// Speed) with their temporary bonus on top, the upgrade panel, and the stage's
+// progress strip and its gear, or outside a stage the gear's empty socket.
 #include <GL/glew.h>
 
 #include "base/numbers.h"
@@ -86,6 +86,10 @@ void CannonBank::drawPanel()
 
     panel->draw(resourceRate, permanentShare);
 
-    if (!survival)
+    // Only a stage has progress to show; elsewhere the gear's socket in the
+    // frame shows the empty recess.
+    if (survival)
+        drawTexturedRect(socketTexture, 0, 510, 50, 50);
+    else
         drawStageProgress(*level, progressTexture, gearTexture);
 }

@@ -35,6 +35,7 @@ CannonBank::CannonBank(Level* level, bool survival, const char* mapPath, float s
     loadTexture(&gearTexture, "gear.spg");
     loadTexture(&vboxTexture, "vbox_a.spg");
     loadTexture(&progressTexture, "progress.spg");
+    loadTexture(&socketTexture, "gear_socket.spg");
     shotSound = new Sound("content/sound/shot.ogg", false, false);
     buildSound = new Sound("content/sound/build.ogg", false, false);
     buildSound->setUnique();
@@ -46,8 +47,9 @@ CannonBank::~CannonBank()
     delete panel;
     for (Cannon* cannon : cannons)
         delete cannon;
-    uint32_t textures[] = {baseTexture, barTexture, gearTexture, vboxTexture, progressTexture};
-    deleteTextures(5, textures);
+    uint32_t textures[] = {baseTexture,  barTexture,      gearTexture,
+                           vboxTexture, progressTexture, socketTexture};
+    deleteTextures(6, textures);
     delete shotSound;
     delete buildSound;
     delete button3Sound;

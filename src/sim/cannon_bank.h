@@ -65,7 +65,7 @@ public:
     float permanentShare = 50;
     bool survival;
     uint32_t baseTexture = 0, barTexture = 0, gearTexture = 0, vboxTexture = 0,
-             progressTexture = 0;
+             progressTexture = 0, socketTexture = 0;
 
 private:
     void rebuild(uint8_t n);

@@ -92,6 +92,7 @@ private:
     void assignPadButtons();
     void bookKill(float x, float y, float size, int pass);
     void readInput();
+    void clickPressedButtons();
     void chargeDisturbance();
     // Made and freed with the field picture (src/render/): at once where a GL
     // context is current, else on the first drawn frame.

@@ -6,6 +6,7 @@
 #include "sim/level.h"
 #include "sim/panel_button.h"
 #include "sim/player.h"
+#include "sim/upgrade_panel.h"
 #include "sound/sound.h"
 
 void Player::update()
@@ -37,6 +38,10 @@ void Player::update()
             endState = report;
         }
         bank->update();
+    } else {
+        // A chain or blast ordered in the last moments of play ends with it:
+        // the bank no longer counts its frames down, so it would last for ever.
+        bank->panel->endActive();
     }
     level->advance();
 
@@ -75,9 +80,16 @@ void Player::update()
     }
     shards.update();
 
-    if (endState == 0)
+    // After the end the buttons are no longer read, so a press of the last
+    // frame of play would stay "just pressed" and click on every frame.
+    if (endState == 0) {
         readInput();
+        clickPressedButtons();
+    }
+}
 
+void Player::clickPressedButtons()
+{
     bool pressed = false;
     for (PanelButton* button : cannonButtons)
         pressed = pressed || button->justPressed();
@@ -92,7 +104,8 @@ void Player::bookKill(float x, float y, float size, int pass)
     combo += 1;
     // The first kills keep the combo alive long; at high combos each adds little.
     comboTimer += 1 / mapRange(0, 10, 0.5f, 2, combo);
-    score += (combo + 1) / 2;
+    if (endState == 0)
+        score += (combo + 1) / 2;  // the score stands still from the end on
     if (combo % 10 == 0)
         arcOrders.push_back(ArcOrder{static_cast<uint8_t>(combo / 20 + 2), x, y});
     if (bank->hasUpgrade(1) && combo % 2 == 0)

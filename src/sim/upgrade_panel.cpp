@@ -102,6 +102,13 @@ uint8_t UpgradePanel::takeTemporary()
     return kind;
 }
 
+void UpgradePanel::endActive()
+{
+    chainFrames = 0;
+    blastFrames = 0;
+    boostFrames = 0;
+}
+
 uint8_t UpgradePanel::activeFlags() const
 {
     return static_cast<uint8_t>((chainFrames != 0 ? 1 : 0) | (blastFrames != 0 ? 2 : 0));

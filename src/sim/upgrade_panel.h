@@ -57,6 +57,8 @@ public:
     uint8_t takeTemporary();
     // Bit 0: the chain runs; bit 1: a blast is ordered.
     uint8_t activeFlags() const;
+    // The game is over: a running chain, boost or ordered blast stops.
+    void endActive();
 
     void draw(float resourceRate, float permanentShare);
 

@@ -44,7 +44,9 @@ void closeDevice(FMOD_SYSTEM& system)
 }
 
 // The channel for a new play of sound: a unique sound's own channel when it
-// still plays, else the first idle one, else the one started longest ago.
+// still plays, else the first idle one, else the effect started longest ago.
+// A stream is never taken over, so the music plays on however busy the
+// effects are; -1 when every channel holds one.
 int pickChannel(FMOD_SYSTEM& system, FMOD_SOUND* sound)
 {
     if (sound->unique || sound->isStream) {
@@ -53,11 +55,12 @@ int pickChannel(FMOD_SYSTEM& system, FMOD_SOUND* sound)
             if (slot.sound == sound && refreshSlot(slot)) return i;
         }
     }
-    int oldest = 0;
+    int oldest = -1;
     for (int i = 0; i < system.channelCount; i++) {
         ChannelSlot& slot = system.channels[i];
         if (!refreshSlot(slot)) return i;
-        if (slot.startOrder < system.channels[oldest].startOrder) oldest = i;
+        if (slot.sound->isStream) continue;
+        if (oldest < 0 || slot.startOrder < system.channels[oldest].startOrder) oldest = i;
     }
     return oldest;
 }
@@ -148,6 +151,7 @@ FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM* system, FMOD_CHANNELINDEX channel
     if (channelId != FMOD_CHANNEL_FREE) return FMOD_ERR_INVALID_PARAM;
 
     int index = pickChannel(*system, sound);
+    if (index < 0) return FMOD_ERR_PLAY;
     ChannelSlot& slot = system->channels[index];
     if (slot.sound) stopSlot(slot);
     slot.generation++;

@@ -38,21 +38,21 @@ protected:
 
 TEST_F(Controllers, EachSideKeepsItsControllerWhileTheOtherIsPluggedOutAndIn)
 {
-    plug(1, 5, true);  // the first controller: the left side
-    plug(1, 2, true);  // the second: the right side
-    tap(10, 5, GLFW_PAD_Y);
-    tap(10, 2, GLFW_PAD_B);
-    plug(20, 5, false);
-    tap(25, 2, GLFW_PAD_X);  // still the right side's
+    plug(1, 0, true);  // the first controller: the left side
+    plug(1, 3, true);  // the second: the right side
+    tap(10, 0, GLFW_PAD_Y);
+    tap(10, 3, GLFW_PAD_B);
+    plug(20, 0, false);
+    tap(25, 3, GLFW_PAD_X);  // still the right side's
     testBackend::keyAt(start + 30, '2', true);  // the keyboard still plays the left side
     testBackend::keyAt(start + 34, '2', false);
-    plug(40, 5, true);  // back in its seat
-    testBackend::padButtonAt(start + 45, 5, GLFW_PAD_LEFT_BUMPER, true);
-    testBackend::padButtonAt(start + 55, 5, GLFW_PAD_LEFT_BUMPER, false);
-    tap(60, 2, GLFW_PAD_START);  // pause
+    plug(40, 0, true);  // back in its seat
+    testBackend::padButtonAt(start + 45, 0, GLFW_PAD_LEFT_BUMPER, true);
+    testBackend::padButtonAt(start + 55, 0, GLFW_PAD_LEFT_BUMPER, false);
+    tap(60, 3, GLFW_PAD_START);  // pause
     // "Resume game", and A still held in play, where it would stand one cannon.
-    testBackend::padButtonAt(start + 75, 2, GLFW_PAD_A, true);
-    testBackend::padButtonAt(start + 150, 2, GLFW_PAD_A, false);
+    testBackend::padButtonAt(start + 75, 3, GLFW_PAD_A, true);
+    testBackend::padButtonAt(start + 150, 3, GLFW_PAD_A, false);
     testBackend::closeAt(start + 200);
     Game game(session.music(), 2, true, "content/maps/map1.txt", 1);
     EXPECT_EQ(game.result, resultResume);

@@ -2,7 +2,7 @@
 
 #include <GL/glew.h>
 
-#include <vector>
+#include <algorithm>
 
 #include "platform/glfw.h"
 #include "platform/testing/test_backend.h"
@@ -34,32 +34,19 @@ void closeTestWindow()
 Rgba pixelAt(int x, int yFromTop)
 {
     unsigned char texel[4] = {};
-    glReadBuffer(GL_BACK);
     glReadPixels(x, windowHeight - 1 - yFromTop, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, texel);
     return Rgba{texel[0], texel[1], texel[2], texel[3]};
 }
 
-static uint32_t makeNearestTexture(int width, int height, const std::vector<unsigned char>& rgba)
+uint32_t makeNearestTexture(int width, int height, const std::vector<unsigned char>& rgba)
 {
     GLuint texture = 0;
     glGenTextures(1, &texture);
     glBindTexture(GL_TEXTURE_2D, texture);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
-                 rgba.data());
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
     return texture;
-}
-
-uint32_t makeTinyTexture(Rgba bottomLeft, Rgba bottomRight, Rgba topLeft, Rgba topRight)
-{
-    std::vector<unsigned char> rgba;
-    for (const Rgba& c : {bottomLeft, bottomRight, topLeft, topRight}) {
-        rgba.insert(rgba.end(), {c.r, c.g, c.b, 255});
-    }
-    return makeNearestTexture(2, 2, rgba);
 }
 
 void useCodedFont()
@@ -69,9 +56,8 @@ void useCodedFont()
     for (int memoryRow = 0; memoryRow < height; memoryRow++) {
         const int rowFromTop = (height - 1 - memoryRow) / 76;  // first stored row is the bottom
         for (int x = 0; x < width; x++) {
-            const int column = x / 39 < 52 ? x / 39 : 52;
             unsigned char* texel = &rgba[(memoryRow * width + x) * 4];
-            texel[0] = static_cast<unsigned char>(4 * column);
+            texel[0] = static_cast<unsigned char>(4 * std::min(x / 39, 52));
             texel[1] = static_cast<unsigned char>(40 * rowFromTop);
             texel[2] = 200;
             texel[3] = 255;
@@ -83,18 +69,14 @@ void useCodedFont()
 int codeAt(int x, int yFromTop)
 {
     const Rgba pixel = pixelAt(x, yFromTop);
-    if (pixel.b != 200) {
-        return -1;
-    }
-    return (pixel.g / 40) * 52 + pixel.r / 4;
+    return pixel.b != 200 ? -1 : (pixel.g / 40) * 52 + pixel.r / 4;
 }
 
 std::string readText(float x, float y, float size, int n)
 {
-    const float advance = size * textAdvancePerSize;
     std::string text;
     for (int i = 0; i < n; i++) {
-        const int code = codeAt(static_cast<int>(x + advance * (i + 0.5f)),
+        const int code = codeAt(static_cast<int>(x + size * textAdvancePerSize * (i + 0.5f)),
                                 static_cast<int>(y + size * 0.5f));
         text += code < 0 ? '?' : static_cast<char>(code);
     }

@@ -1,35 +1,27 @@
-// A real GL window of the test backend for the drawing tests, with the
-// drawing state the game keeps between routines (blending on, white, clear
-// black) but fixed-function texturing instead of the programs, and helpers to
-// read pixels back and to read text drawn with a coded font.
+// A real GL window of the test backend with the state the game keeps between
+// drawing routines (blending, white, clear black) and fixed-function
+// texturing; pixels read back, and text read through a colour-coded font.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 struct Rgba {
     uint8_t r = 0, g = 0, b = 0, a = 0;
     bool operator==(const Rgba& o) const { return r == o.r && g == o.g && b == o.b; }
 };
 
-// Opens (or reopens) the window at this size and sets the screen geometry.
-void openTestWindow(int width, int height);
+void openTestWindow(int width, int height);  // also sets the screen geometry
 void closeTestWindow();
+Rgba pixelAt(int x, int yFromTop);  // of the back buffer
+// A nearest-filtered RGBA texture, rows bottom first.
+uint32_t makeNearestTexture(int width, int height, const std::vector<unsigned char>& rgba);
 
-// The back buffer's pixel at x, y counted from the window's top left.
-Rgba pixelAt(int x, int yFromTop);
-
-// A texture of 2 x 2 texels, nearest filtered, rows given bottom row first.
-uint32_t makeTinyTexture(Rgba bottomLeft, Rgba bottomRight, Rgba topLeft, Rgba topRight);
-
-// A font picture whose every cell is one flat colour that names the cell:
-// red = 4 * column, green = 40 * row from the top; beyond the last column
-// red is 4 * 52. Nearest filtered, so a pixel inside a glyph quad tells which
-// cell was drawn there. Replaces fontTexture.
+// fontTexture becomes a picture whose every cell is a flat colour naming it:
+// red 4 * column (4 * 52 past the last), green 40 * row from the top, blue 200.
 void useCodedFont();
-// The character code of the cell whose colour is at that pixel, or -1 for a
-// pixel that shows no cell (blue is not 200).
-int codeAt(int x, int yFromTop);
-// Reads back n characters of text drawn left-aligned at (x, y) with the given
-// size in a projection of one unit per pixel, sampling each quad's centre.
+int codeAt(int x, int yFromTop);  // the code of the cell shown there, -1 for none
+// n characters of text drawn left-aligned at (x, y) with the given size, one
+// unit a pixel, read at each quad's centre ('?' for none).
 std::string readText(float x, float y, float size, int n);

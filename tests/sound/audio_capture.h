@@ -1,47 +1,30 @@
 // Lets a test hear what the game plays: OpenAL Soft's wave writer is made the
-// only output, so every device the sound layer opens writes its mix to one
-// WAV file. The writer mixes in real time on its own thread, so a test plays,
-// waits a little real time, closes the device (which finishes the file) and
-// then reads the file.
+// only output, so every device the sound layer opens writes its mix to one WAV
+// file, in real time: a test plays, waits, closes the device and reads the file.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "sound/fmod.h"
 
-// Writes the OpenAL configuration and points ALSOFT_CONF at it. Must run
-// before the first OpenAL call of the process, since OpenAL reads its
-// configuration once; later calls do nothing.
+// Points ALSOFT_CONF at a wave writer before the first OpenAL call (it is read
+// once), and copies the test .ogg files to content/sound/ of the working folder.
 void routeAudioToCapture();
-// Where the mix goes. A folder of this name in its place leaves OpenAL
-// without a device.
+// Where the mix goes; a folder in its place leaves OpenAL without a device.
 const std::string& capturePath();
 
+// The captured mix: for each 10 ms, whether any sample reaches 1000 (of 32767).
 struct CapturedAudio {
-    int sampleRate = 0;
-    int channels = 0;
-    std::vector<int16_t> samples;  // interleaved
+    std::vector<bool> sounding;
+    int peak = 0;
+    double soundingSeconds() const;
+    std::vector<double> gapsInside() const;  // silences between the first and last sound, in seconds
 };
-// The captured mix; empty when the file is missing or not a 16-bit WAV.
 CapturedAudio readCapture();
 
-// For each 10 ms stretch of the mix, whether any sample in it reaches
-// threshold (of 32767).
-std::vector<bool> soundingStretches(const CapturedAudio& audio, int threshold = 1000);
-double soundingSeconds(const CapturedAudio& audio);
-// The longest run of silent stretches between the first and the last sounding
-// one, in seconds.
-double longestGapInside(const CapturedAudio& audio);
-int peakLevel(const CapturedAudio& audio);
-
-// Waits real time while the writer mixes, calling updateAudio() every 10 ms
-// when asked, as the game's loops do each frame.
+// Waits real time, calling updateAudio() every 10 ms when asked, as the game's loops do.
 void listen(double seconds, bool updateEachFrame = false);
-
-// The test .ogg files, copied to content/sound/ of the working directory.
-void copySoundFixtures();
 inline const char* const tonePath = "content/sound/tone.ogg";       // 0.4 s, mono
 inline const char* const highPath = "content/sound/tone_high.ogg";  // 0.4 s, mono
 inline const char* const loopPath = "content/sound/loop.ogg";       // 0.25 s, stereo

@@ -24,6 +24,16 @@ void linkBuiltContent()
     }
 }
 
+std::string placeShortMap(const char* file, int number)
+{
+    if (fs::is_symlink("content/maps")) fs::remove("content/maps");  // the built maps
+    fs::create_directories("content/maps");
+    const std::string path = "content/maps/map" + std::to_string(number) + ".txt";
+    fs::copy_file(fs::path(GORVAN_SOURCE_DIR) / "tests/data_files/short_maps" / file, path,
+                  fs::copy_options::overwrite_existing);
+    return path;
+}
+
 void PlaySession::open(unsigned seed, uint16_t width, uint16_t height)
 {
     dir = std::make_unique<ScratchDir>();

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "support/scratch_dir.h"
 
@@ -32,3 +33,7 @@ private:
 
 // Links the built content (archives, maps, sounds) into ./content.
 void linkBuiltContent();
+
+// Puts a map of tests/data_files/short_maps/ in place of the built maps, under
+// the number the game reads its title and scores by; returns its path.
+std::string placeShortMap(const char* file, int number);

@@ -1,4 +1,6 @@
 // The test backend's control interface, and its rounds.
+#include <GL/glew.h>
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -74,6 +76,7 @@ void apply(const ScriptEvent& event)
     case ScriptEvent::Key:
         if (keySlot(event.a) >= 0) {
             s.keys[keySlot(event.a)] = event.on;
+            s.awaitingRepeat[keySlot(event.a)] = false;  // the open window hears it
         }
         break;
     case ScriptEvent::MouseButton:
@@ -124,6 +127,27 @@ void pump()
     // The X server's events for the hidden window are drained and ignored.
     glfw3Bridge::pollEvents();
     inputTape::pumped(inputTape::liveInput);
+    const unsigned next = s.round + 1;
+    setDrawingLeftOut(std::any_of(s.roundsLeftOut.begin(), s.roundsLeftOut.end(),
+                                  [next](const auto& r) { return r.first <= next && next <= r.second; }));
+}
+
+// A framebuffer object without attachments is incomplete: while it is bound,
+// every draw, clear and copy fails before it touches a pixel. Frames drawn
+// before GLEW is loaded are drawn as ever.
+void setDrawingLeftOut(bool leftOut)
+{
+    BackendState& s = state();
+    if (!s.record.open || leftOut == s.drawingLeftOut || glBindFramebuffer == nullptr) return;
+    s.drawingLeftOut = leftOut;
+    if (leftOut) {
+        if (s.emptyFramebuffer == 0) glGenFramebuffers(1, &s.emptyFramebuffer);
+        glBindFramebuffer(GL_FRAMEBUFFER, s.emptyFramebuffer);
+    } else {
+        glBindFramebuffer(GL_FRAMEBUFFER, 0);
+        while (glGetError() != GL_NO_ERROR) {
+        }
+    }
 }
 
 void reset()
@@ -147,6 +171,13 @@ double totalSleep() { return state().sleepTotal; }
 unsigned round() { return state().round; }
 
 void watchFrames(FrameWatcher watcher) { state().frameWatcher = std::move(watcher); }
+
+void leaveOutDrawing(unsigned first, unsigned last)
+{
+    state().roundsLeftOut.emplace_back(first, last);
+    const unsigned next = state().round + 1;
+    if (first <= next && next <= last) setDrawingLeftOut(true);
+}
 
 void keyAt(unsigned round, int key, bool down) { schedule(makeEvent(round, ScriptEvent::Key, key, 0, down)); }
 

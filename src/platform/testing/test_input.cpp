@@ -36,15 +36,33 @@ void glfwPollEvents()
     testBackend::pump();
 }
 
+namespace {
+
+// What the window says of a key: one held as the window opened only once the
+// keyboard's repeat comes, and keys carried through a rebuild.
+bool keyDown(testBackend::BackendState& s, int key)
+{
+    // Only upper-case letters are keys, as 2.7 reports them.
+    if (!s.record.open || key < 0 || key > GLFW_KEY_LAST || (key >= 'a' && key <= 'z')) return false;
+    const bool repeatCame = s.clock >= s.windowOpenedAt + testBackend::keyRepeatDelay;
+    const bool windowSees = s.keys[key] && (!s.awaitingRepeat[key] || repeatCame);
+    return s.carriedKeys.isDown(key, windowSees, s.clock);
+}
+
+bool padHeld(const testBackend::BackendState& s, int seat, int button)
+{
+    return s.pads.holds(seat, button, [&s](int joystick, int b) { return s.padButtons[joystick][b]; });
+}
+
+}  // namespace
+
 int glfwGetKey(int key)
 {
-    const auto& s = state();
-    // Only upper-case letters are keys, as 2.7 reports them.
-    if (!s.record.open || key < 0 || key > GLFW_KEY_LAST || (key >= 'a' && key <= 'z')) {
-        return GLFW_RELEASE;
+    if (inputTape::playing()) {
+        if (!state().record.open) return GLFW_RELEASE;
+        return inputTape::keyState(inputTape::replayed(), key);
     }
-    if (inputTape::playing()) return inputTape::keyState(inputTape::replayed(), key);
-    return s.keys[key] ? GLFW_PRESS : GLFW_RELEASE;
+    return keyDown(state(), key) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 int glfwGetMouseButton(int button)
@@ -62,8 +80,7 @@ int glfwGetPadButton(int seat, int button)
     const auto& s = state();
     if (button < 0 || button > GLFW_PAD_BUTTON_LAST) return GLFW_RELEASE;
     if (inputTape::playing()) return inputTape::padButtonState(inputTape::replayed(), seat, button);
-    const bool held = s.pads.holds(seat, button, [&s](int joystick, int b) { return s.padButtons[joystick][b]; });
-    return held ? GLFW_PRESS : GLFW_RELEASE;
+    return padHeld(s, seat, button) ? GLFW_PRESS : GLFW_RELEASE;
 }
 
 void glfwGetMousePos(int* x, int* y)
@@ -76,18 +93,17 @@ void glfwGetMousePos(int* x, int* y)
 
 RoundInput inputTape::liveInput()
 {
-    const auto& s = state();
+    auto& s = state();
     RoundInput input;
-    std::copy(std::begin(s.keys), std::end(s.keys), input.keys);
+    for (int key = 0; key <= GLFW_KEY_LAST; ++key) input.keys[key] = keyDown(s, key);
     std::copy(std::begin(s.buttons), std::end(s.buttons), input.mouseButtons);
     input.mouseX = s.mouseX;
     input.mouseY = s.mouseY;
     input.focused = s.focused;
     input.closeRequested = s.closed;
     for (int seat = 0; seat < GLFW_PAD_SEATS; ++seat) {
-        const int joystick = s.pads.joystickAt(seat);
-        for (int button = 0; joystick >= 0 && button <= GLFW_PAD_BUTTON_LAST; ++button)
-            input.padButtons[seat] |= uint32_t(s.padButtons[joystick][button]) << button;
+        for (int button = 0; button <= GLFW_PAD_BUTTON_LAST; ++button)
+            input.padButtons[seat] |= uint32_t(padHeld(s, seat, button)) << button;
     }
     return input;
 }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/back_buffer_keeper.h"
+#include "platform/carried_keys.h"
 #include "platform/glfw.h"
 #include "platform/pad_seats.h"
 #include "platform/testing/test_backend.h"
@@ -33,9 +35,17 @@ struct BackendState {
     unsigned round = 0;
     std::vector<ScriptEvent> script;  // in order of round, then of scripting
     FrameWatcher frameWatcher;
+    std::vector<std::pair<unsigned, unsigned>> roundsLeftOut;  // first, last
+    bool drawingLeftOut = false;  // for the frame being drawn
+    unsigned emptyFramebuffer = 0;  // bound while drawing is left out
 
-    // Input as the game sees it
+    // Input: what the script holds down. A key already down when a window
+    // opens reaches that window only with the keyboard's repeat, as on GLFW 3;
+    // the layer carries the keys held through a rebuild (carried_keys.h).
     bool keys[GLFW_KEY_LAST + 1] = {};
+    bool awaitingRepeat[GLFW_KEY_LAST + 1] = {};
+    double windowOpenedAt = 0;
+    CarriedKeys carriedKeys;
     bool buttons[GLFW_MOUSE_BUTTON_LAST + 1] = {};
     int mouseX = 0, mouseY = 0;
     bool focused = true;
@@ -66,8 +76,11 @@ struct BackendState {
 
 BackendState& state();
 
-// One pump of events: the frame cost, the next round, its scripted events.
+// One pump of events: the frame cost, the next round, its scripted events,
+// and whether the next round's drawing is left out.
 void pump();
+// Leaves out the drawing of the coming frame or takes it up again.
+void setDrawingLeftOut(bool leftOut);
 // Applies one event to the input state.
 void apply(const ScriptEvent& event);
 // Where a key code lands in the key table; -1 when 2.7 would never report it.

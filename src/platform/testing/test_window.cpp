@@ -67,6 +67,13 @@ int glfwOpenWindow(int width, int height, int redBits, int greenBits, int blueBi
     // restore runs only where a test asks for it.
     s.backBufferKeeper.setNeeded(s.forceFrameRestore);
     s.closed = false;
+    s.windowOpenedAt = s.clock;
+    s.carriedKeys.windowOpened(s.clock);
+    for (int key = 0; key <= GLFW_KEY_LAST; key++) {
+        s.awaitingRepeat[key] = s.keys[key];
+    }
+    s.drawingLeftOut = false;  // a new context draws
+    s.emptyFramebuffer = 0;
 
     testBackend::WindowRecord& record = s.record;
     record.open = true;
@@ -95,6 +102,11 @@ void glfwCloseWindow()
     if (!record.open) {
         return;
     }
+    std::vector<int> keysDown;
+    for (int key = 0; key <= GLFW_KEY_LAST; key++) {
+        if (glfwGetKey(key) == GLFW_PRESS) keysDown.push_back(key);
+    }
+    state().carriedKeys.carry(keysDown);
     glfw3Bridge::closeWindow();
     record.open = false;
     record.closeCount++;
@@ -133,7 +145,7 @@ void glfwSwapBuffers()
     auto& s = state();
     s.record.swapCount++;
     if (s.record.open) {
-        if (s.frameWatcher) {
+        if (s.frameWatcher && !s.drawingLeftOut) {
             testBackend::FrameWatcher watcher = s.frameWatcher;  // it may replace itself
             watcher(s.round + 1);
         }
