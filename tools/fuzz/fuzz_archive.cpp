@@ -1,5 +1,6 @@
 // libFuzzer target: Archive::readEntry on any bytes, looking up a few names;
-// the entry found is read to its last byte, so a short buffer shows.
+// the first and last byte of the entry found are read, so a short buffer
+// shows (the address sanitizer checks each access).
 #include <cstdint>
 #include <initializer_list>
 
@@ -13,8 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         uint32_t entrySize = 0;
         unsigned char* entry = Archive::readEntry("x.sfa", name, &entrySize);
         if (entry) {
-            volatile unsigned char sum = 0;
-            for (uint32_t i = 0; i < entrySize; ++i) sum = sum + entry[i];
+            if (entrySize > 0) {
+                volatile unsigned char ends = entry[0] + entry[entrySize - 1];
+                (void)ends;
+            }
             delete[] entry;
         }
     }

@@ -2,17 +2,28 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
+std::string scratchFolder;
+
+// The folder goes with the process, so that runs leave nothing in /dev/shm.
+void removeScratchFolder()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(scratchFolder, ignored);
+}
+
 void enterScratchFolder()
 {
-    const std::string folder = "/dev/shm/gorvan-fuzz-" + std::to_string(getpid());
-    mkdir(folder.c_str(), 0700);
-    if (chdir(folder.c_str()) != 0) std::abort();
+    scratchFolder = "/dev/shm/gorvan-fuzz-" + std::to_string(getpid());
+    mkdir(scratchFolder.c_str(), 0700);
+    std::atexit(removeScratchFolder);
+    if (chdir(scratchFolder.c_str()) != 0) std::abort();
     mkdir("content", 0700);
     mkdir("content/maps", 0700);
 }
