@@ -138,10 +138,15 @@ std::string helpText()
         "In menus: arrow keys or d-pad to move, ENTER or A to choose, ESC or B to go\n"
         "back, or the mouse. In a two-player game the first controller plays the left\n"
         "side and the second the right; the left side has the keyboard, the right side\n"
-        "the mouse.\n"
-        "\nScores, settings and screenshots are kept in $XDG_DATA_HOME/gorvan (by\n"
-        "default ~/.local/share/gorvan) for the installed game, or in the --data-dir\n"
-        "folder.\n";
+        "the mouse.\n";
+#ifdef _WIN32
+    text += "\nScores, settings and screenshots are kept in the folder the game is started\n"
+            "in, or in the --data-dir folder.\n";
+#else
+    text += "\nScores, settings and screenshots are kept in $XDG_DATA_HOME/gorvan (by\n"
+            "default ~/.local/share/gorvan) for the installed game, or in the --data-dir\n"
+            "folder.\n";
+#endif
     return text;
 }
 

@@ -1,0 +1,94 @@
+#!/bin/sh
+# make check-windows: the Windows build (make windows) under Wine, on the X
+# server this runs under (the Makefile starts Xvfb).
+#   1. the Windows builds of the rule and file-format test programs pass;
+#   2. gorvan.exe boots to the menu (window, boot log), ENTER on "1 player
+#      game" and on the first map starts a game, closing the window exits 0;
+#   3. the Linux and the Windows build write the same settings and fps files,
+#      and play the same scripted headless games to the same outcome and score file.
+#   check.sh [LINUX_BUILD_FOLDER]   (default: build)
+set -u
+ROOT=$(cd "$(dirname "$0")/../.." && pwd)
+LINUX=$(cd "$ROOT/${1:-build}" && pwd) || exit 1
+WIN=$ROOT/build-windows
+export WINEPREFIX=$WIN/wineprefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export ALSOFT_DRIVERS=null  # no sound card here: OpenAL's silent device
+SCRATCH=$(mktemp -d) || exit 1
+trap 'wineserver -k 2>/dev/null; rm -rf "$SCRATCH"' EXIT
+failures=0
+fail() { echo "FAIL: $*" >&2; failures=$((failures + 1)); }
+[ -d "$WINEPREFIX" ] || wine wineboot --init >/dev/null 2>&1
+
+for program in test_rules test_data; do
+    if (cd "$WIN/build/tests" && wine "./$program.exe") >"$SCRATCH/$program.log" 2>&1; then
+        echo "$program.exe: $(sed -n 's/^\[  PASSED  \] //p' "$SCRATCH/$program.log")"
+    else
+        cat "$SCRATCH/$program.log" >&2
+        fail "$program.exe"
+    fi
+done
+
+# The mean brightness of a 24-bit BMP's pixels, 0 to 255: the menu is dark,
+# the play field and its panels are not.
+brightness() {
+    tail -c +55 "$1" | od -An -v -tu1 | awk '{ for (i = 1; i <= NF; i++) s += $i; n += NF } END { print int(s / n) }'
+}
+
+# play NAME COMMAND...: the game from a fresh copy of its folder in $SCRATCH/NAME.
+play() {
+    name=$1
+    shift
+    (cd "$SCRATCH/$name" && exec "$@" >boot.log 2>errors.log) &
+    game=$!
+    window=""
+    for i in $(seq 600); do  # two minutes at most: Wine's first start is slow
+        window=$(xdotool search --name '^Gorvan$' 2>/dev/null | head -n 1)
+        [ -n "$window" ] && break
+        kill -0 $game 2>/dev/null || break
+        sleep 0.2
+    done
+    [ -n "$window" ] || { fail "$name: no window titled Gorvan"; cat "$SCRATCH/$name/errors.log" >&2; return; }
+    for key in F12 Return Return F12; do  # a picture of the menu, then one of the game
+        sleep 3
+        xdotool windowfocus "$window" key "$key" 2>/dev/null
+    done
+    sleep 3
+    "$LINUX/x11_close_window" Gorvan 10 || fail "$name: could not ask the window to close"
+    wait $game || fail "$name: exit code $?, expected 0"
+    grep -q "^This is the stuff you see when the program starts:" "$SCRATCH/$name/boot.log" ||
+        fail "$name: no boot log"
+    shots=$SCRATCH/$name/screenshots
+    [ -f "$shots/0000.bmp" ] && [ -f "$shots/0001.bmp" ] || { fail "$name: no screenshots"; return; }
+    menu=$(brightness "$shots/0000.bmp") play=$(brightness "$shots/0001.bmp")
+    echo "$name: window seen, boot log written, menu brightness $menu, game brightness $play, exit code 0"
+    [ "$menu" -lt 40 ] && [ "$play" -gt 80 ] || fail "$name: ENTER, ENTER did not start a game"
+}
+mkdir "$SCRATCH/windows" "$SCRATCH/linux"
+cp -r "$WIN/gorvan-windows/." "$SCRATCH/windows/"
+cp -r "$LINUX/run/content" "$SCRATCH/linux/" && mkdir "$SCRATCH/linux/screenshots"
+play windows wine ./gorvan.exe
+play linux "$LINUX/run/gorvan"
+for file in settings.dat fps.dat; do
+    cmp "$SCRATCH/linux/content/$file" "$SCRATCH/windows/content/$file" && echo "$file: the same bytes" ||
+        fail "$file differs between the builds"
+done
+
+# The same headless games on both builds: every mode on one map, one seed.
+for build in linux windows; do
+    mkdir "$SCRATCH/runner-$build" && cp -r "$LINUX/run/content" "$SCRATCH/runner-$build/"
+    rm -f "$SCRATCH/runner-$build/content/"*.dat
+done
+game="--map 5 --mode all --policy smart --seed 7 --max-rounds 20000"
+"$LINUX/tools/headless_runner" --run-dir "$SCRATCH/runner-linux" $game >"$SCRATCH/runner-linux.txt"
+(cd "$SCRATCH/runner-windows" && wine "$WIN/build/tools/headless_runner.exe" $game) |
+    tr -d '\r' >"$SCRATCH/runner-windows.txt"
+if cmp -s "$SCRATCH/runner-linux.txt" "$SCRATCH/runner-windows.txt" &&
+    cmp "$SCRATCH/runner-linux/content/scores.dat" "$SCRATCH/runner-windows/content/scores.dat"; then
+    echo "headless games: the same outcome and scores.dat ($(grep -c score "$SCRATCH/runner-linux.txt") sides)"
+else
+    diff "$SCRATCH/runner-linux.txt" "$SCRATCH/runner-windows.txt" >&2
+    fail "the headless games differ between the builds"
+fi
+
+[ $failures = 0 ] && echo "check-windows: PASS" || echo "check-windows: $failures FAILED"
+[ $failures = 0 ]
