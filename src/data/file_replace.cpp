@@ -79,8 +79,11 @@ bool replaceFileContents(const char* path, const unsigned char* bytes, size_t si
     if (!file) {
         // A folder that may not take a new file: the file itself, where there
         // is one. Anything else in the way (a folder of the temporary name, a
-        // full disk) fails the save.
-        const bool folderRefuses = errno == EACCES || errno == EPERM;
+        // full disk) fails the save. Windows gives such a folder as a refusal
+        // too, so it is looked for.
+        struct stat inTheWay;
+        const bool folderRefuses = (errno == EACCES || errno == EPERM) &&
+            !(stat(temporaryPath.c_str(), &inTheWay) == 0 && S_ISDIR(inTheWay.st_mode));
         file = exists && folderRefuses ? std::fopen(path, "r+b") : nullptr;
         return file && writeAndClose(file, bytes, size);
     }

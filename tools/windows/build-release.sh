@@ -21,7 +21,7 @@ tools/windows/install-deps.sh
 nice cmake --build "$LINUX" -j "$JOBS" --target content headless_runner x11_close_window
 JOBS=$JOBS tools/windows/build-libraries.sh "$WIN"
 
-cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DCMAKE_TOOLCHAIN_FILE="$ROOT/tools/windows/mingw-toolchain.cmake" \
     -DGORVAN_WINDOWS_PREFIX="$WIN/prefix" -DGORVAN_LINUX_RUN_DIR="$LINUX/run"
 nice cmake --build "$BUILD" -j "$JOBS"
