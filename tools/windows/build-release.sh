@@ -31,7 +31,7 @@ nice cmake --build "$BUILD" -j "$JOBS"
 rm -rf "$RELEASE" "$RELEASE.zip"
 mkdir -p "$RELEASE/screenshots" "$RELEASE/licences"
 x86_64-w64-mingw32-strip -o "$RELEASE/gorvan.exe" "$BUILD/run/gorvan.exe"
-cp "$BUILD/run/OpenAL32.dll" "$RELEASE/"
+x86_64-w64-mingw32-strip -o "$RELEASE/OpenAL32.dll" "$BUILD/run/OpenAL32.dll"
 cp -r "$BUILD/run/content" "$RELEASE/"
 rm -f "$RELEASE/content/scores.dat" "$RELEASE/content/settings.dat" "$RELEASE/content/fps.dat"
 version=$(sed -n 's/^project(Gorvan VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
@@ -39,7 +39,10 @@ sed "s/@VERSION@/$version/" tools/windows/README.txt | sed 's/$/\r/' >"$RELEASE/
 for package in "$WIN"/prefix/licences/*; do
     name=$(basename "$package")
     [ "$name" = googletest ] && continue  # only in the tests
-    for file in "$package"/*; do cp "$file" "$RELEASE/licences/$name-$(basename "$file").txt"; done
+    for file in "$package"/*; do
+        base=$(basename "$file")
+        cp "$file" "$RELEASE/licences/$name-${base%.*}.txt"
+    done
 done
 cp /usr/share/doc/mingw-w64-common/copyright "$RELEASE/licences/mingw-w64-runtime.txt"
 cp /usr/share/doc/gcc-mingw-w64-base/copyright "$RELEASE/licences/gcc-runtime.txt"
