@@ -2,9 +2,10 @@
 # make check-windows: the Windows build (make windows) under Wine, on the X
 # server this runs under (the Makefile starts Xvfb).
 #   1. the Windows builds of the rule and file-format test programs pass;
-#   2. gorvan.exe boots to the menu (window, boot log), ENTER on "1 player
-#      game" and on the first map starts a game, closing the window exits 0
-#      (the same steps with the Linux build, to compare their files);
+#   2. gorvan.exe boots to the menu (window, boot log), hands the credits' web
+#      address to the desktop, ENTER on "1 player game" and on the first map
+#      starts a game, closing the window exits 0 (the same steps with the
+#      Linux build, to compare their files);
 #   3. the Linux and the Windows build write the same settings and fps files,
 #      and play the same scripted headless games to the same outcome and score file.
 #   check.sh [LINUX_BUILD_FOLDER]   (default: build)
@@ -29,6 +30,12 @@ for program in test_rules test_data; do
     fi
 done
 
+# The system's own calls: the error box, the web opener, saving over a file.
+imports=$(x86_64-w64-mingw32-objdump -p "$WIN/gorvan-windows/gorvan.exe")
+for call in MessageBoxA ShellExecuteA MoveFileExA; do
+    echo "$imports" | grep -qw "$call" || fail "gorvan.exe does not call $call"
+done
+
 # The mean brightness of a 24-bit BMP's pixels, 0 to 255: the menus are
 # dark, the play field and its panels are not.
 brightness() {
@@ -50,7 +57,10 @@ press() {
 play() {
     name=$1
     shift
-    (cd "$SCRATCH/$name" && exec "$@" >boot.log 2>errors.log) &
+    # The desktop's opener, which Wine's opener calls too, only notes the address.
+    printf '#!/bin/sh\necho "$@" >>"%s"\n' "$SCRATCH/$name/opened.txt" >"$SCRATCH/bin/xdg-open"
+    chmod +x "$SCRATCH/bin/xdg-open"
+    (cd "$SCRATCH/$name" && PATH=$SCRATCH/bin:$PATH exec "$@" >boot.log 2>errors.log) &
     game=$!
     window=""
     for i in $(seq 600); do  # two minutes at most: Wine's first start is slow
@@ -60,29 +70,38 @@ play() {
         sleep 0.2
     done
     [ -n "$window" ] || { fail "$name: no window titled Gorvan"; cat "$SCRATCH/$name/errors.log" >&2; return; }
-    # ENTER on the menu's "1 player game" opens the level page, which makes
-    # the score file; pressed until then, since the boot screen takes a while.
-    for i in $(seq 30); do
-        press "$window" Return
-        sleep 2
-        [ -f "$SCRATCH/$name/content/scores.dat" ] && break
+    for i in $(seq 600); do  # the boot log is written when the start-up ends
+        grep -q "^This is the stuff you see" "$SCRATCH/$name/boot.log" 2>/dev/null && break
+        sleep 0.2
     done
-    press "$window" F12     # a picture of the level page
-    press "$window" Return  # the first map
+    # The mouse out of the way, since the menus select what it points at; F12
+    # until the menu's picture is taken, which shows the menu's loop running.
+    xdotool mousemove 0 0
+    for i in $(seq 60); do
+        press "$window" F12
+        [ -f "$SCRATCH/$name/screenshots/0000.bmp" ] && break
+    done
+    # Credits and its web address, back, "1 player game", a picture of the
+    # level page, the first map, a picture of the game.
+    for key in Down Down Down Down Down Return Return Escape Return F12 Return; do
+        press "$window" $key
+    done
     sleep 4
-    press "$window" F12     # a picture of the game
+    press "$window" F12
     sleep 3
     "$LINUX/x11_close_window" Gorvan 10 || fail "$name: could not ask the window to close"
     wait $game || fail "$name: exit code $?, expected 0"
     grep -q "^This is the stuff you see when the program starts:" "$SCRATCH/$name/boot.log" ||
         fail "$name: no boot log"
+    [ "$(cat "$SCRATCH/$name/opened.txt" 2>/dev/null)" = "https://www.kelvarin.net/" ] ||
+        fail "$name: the credits' web address was not handed to the desktop"
     shots=$SCRATCH/$name/screenshots
-    [ -f "$shots/0000.bmp" ] && [ -f "$shots/0001.bmp" ] || { fail "$name: no screenshots"; return; }
-    menu=$(brightness "$shots/0000.bmp") play=$(brightness "$shots/0001.bmp")
-    echo "$name: window seen, boot log written, level page brightness $menu, game $play, exit code 0"
+    [ -f "$shots/0001.bmp" ] && [ -f "$shots/0002.bmp" ] || { fail "$name: no screenshots"; return; }
+    menu=$(brightness "$shots/0001.bmp") play=$(brightness "$shots/0002.bmp")
+    echo "$name: window seen, boot log written, web address opened, level page brightness $menu, game $play, exit code 0"
     [ "$menu" -lt 40 ] && [ "$play" -gt 80 ] || fail "$name: ENTER, ENTER did not start a game"
 }
-mkdir "$SCRATCH/windows" "$SCRATCH/linux"
+mkdir "$SCRATCH/windows" "$SCRATCH/linux" "$SCRATCH/bin"
 cp -r "$WIN/gorvan-windows/." "$SCRATCH/windows/"
 cp -r "$LINUX/run/content" "$SCRATCH/linux/" && mkdir "$SCRATCH/linux/screenshots"
 play windows wine ./gorvan.exe
