@@ -59,7 +59,7 @@ windows:
 # The Windows programs need an X server under Wine too.
 check-windows: windows
 	cmake --build $(BUILD) -j $(JOBS) --target gorvan
-	xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" tools/windows/check.sh $(BUILD)
+	xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" tests/windows/check.sh $(BUILD)
 
 install: build
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)"
