@@ -1,6 +1,6 @@
 #!/bin/sh
 # make windows: builds the Windows release of the game in build-windows/.
-#   1. installs what is missing (tools/install-deps.sh, tools/windows/install-deps.sh);
+#   1. installs what is missing (tools/windows/install-deps.sh);
 #   2. makes the content with the Linux build's tools (it is the same on Windows);
 #   3. cross-builds the libraries once (tools/windows/build-libraries.sh);
 #   4. cross-compiles the game, the headless runner and the Windows tests;
@@ -15,7 +15,6 @@ RELEASE=$WIN/gorvan-windows
 JOBS=${JOBS:-$(nproc)}
 cd "$ROOT"
 
-tools/install-deps.sh
 tools/windows/install-deps.sh
 [ -f "$LINUX/CMakeCache.txt" ] || cmake -S . -B "$LINUX" -DCMAKE_BUILD_TYPE=RelWithDebInfo
 nice cmake --build "$LINUX" -j "$JOBS" --target content headless_runner x11_close_window
