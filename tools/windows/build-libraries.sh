@@ -46,15 +46,16 @@ build() {
     touch "$PREFIX/built/$package-$version"
 }
 
-build googletest 1.12.1-0.2 -DBUILD_GMOCK=OFF -Dgtest_disable_pthreads=OFF -DINSTALL_GTEST=ON
 # Static but for OpenAL Soft, which stays a DLL as its licence (LGPL) wants.
-# OpenAL Soft comes from Debian 13's source package: the archive here no
-# longer serves the upstream tarball of Debian 12's (1.19.1).
 build glfw3 3.3.8-1 -DBUILD_SHARED_LIBS=OFF -DGLFW_BUILD_EXAMPLES=OFF \
     -DGLFW_BUILD_TESTS=OFF -DGLFW_BUILD_DOCS=OFF
 build glew 2.2.0-4 -DBUILD_UTILS=OFF
 build libogg 1.3.5-3 -DBUILD_SHARED_LIBS=OFF -DINSTALL_DOCS=OFF -DBUILD_TESTING=OFF
 build libvorbis 1.3.7-1 -DBUILD_SHARED_LIBS=OFF
+# GoogleTest for the Windows builds of the tests.
+build googletest 1.12.1-0.2 -DBUILD_GMOCK=OFF -Dgtest_disable_pthreads=OFF -DINSTALL_GTEST=ON
+# OpenAL Soft comes from Debian 13's source package: the archive here no
+# longer serves the upstream tarball of Debian 12's (1.19.1).
 build openal-soft 1:1.24.2-1 -DLIBTYPE=SHARED -DALSOFT_UTILS=OFF -DALSOFT_EXAMPLES=OFF \
     -DALSOFT_TESTS=OFF -DALSOFT_INSTALL_CONFIG=OFF -DALSOFT_INSTALL_HRTF_DATA=OFF \
     -DALSOFT_INSTALL_AMBDEC_PRESETS=OFF -DALSOFT_INSTALL_EXAMPLES=OFF -DALSOFT_INSTALL_UTILS=OFF
