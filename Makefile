@@ -5,6 +5,10 @@
 #   make check-sanitize  every test again, built with the address and
 #                        undefined-behaviour sanitizers in build-sanitize/
 #   make fuzz            the fuzz targets of every reader (tools/fuzz/)
+# and the Windows release (README, "Windows"), cross-built in build-windows/:
+#   make windows         installs what is missing, builds the libraries once,
+#                        the game, and build-windows/gorvan-windows(.zip)
+#   make check-windows   its tests under Wine (not part of make check: slow)
 # and the install (README, "Install"):
 #   make install [PREFIX=/usr/local] [DESTDIR=...]   make uninstall
 BUILD ?= build
@@ -12,7 +16,8 @@ SANITIZE_BUILD ?= build-sanitize
 JOBS ?= $(shell nproc)
 PREFIX ?= /usr/local
 
-.PHONY: play check build deps configure clean check-sanitize fuzz install uninstall
+.PHONY: play check build deps configure clean check-sanitize fuzz install uninstall \
+	windows check-windows
 
 deps:
 	./tools/install-deps.sh
@@ -47,6 +52,15 @@ check-sanitize: deps
 # FUZZ_RUNS executions each (default 100000), see tools/fuzz/run-fuzzers.sh.
 fuzz:
 	tools/fuzz/run-fuzzers.sh $(FUZZ_RUNS)
+
+windows:
+	JOBS=$(JOBS) tools/windows/build-release.sh $(BUILD)
+
+# The Windows programs need an X server under Wine too.
+check-windows: windows
+	cmake --build $(BUILD) -j $(JOBS) --target gorvan
+	xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" tests/windows/check.sh $(BUILD)
+
 install: build
 	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix "$(PREFIX)"
 

@@ -3,6 +3,7 @@
 # Gorvan need (the last line: checks of the desktop entry, the AppStream file
 # and the manual page).
 # Only what is missing is installed; as root through apt-get, otherwise through sudo.
+#   install-deps.sh [MORE PACKAGES...]   (tools/windows/install-deps.sh adds its own)
 set -e
 
 PACKAGES="build-essential cmake pkg-config
@@ -11,7 +12,8 @@ libopenal-dev libopenal1 libvorbis-dev libogg-dev
 libpng-dev libfreetype-dev fonts-dejavu-core librsvg2-bin
 libgtest-dev libgmock-dev libbenchmark-dev
 xvfb xauth x11-utils xdotool
-desktop-file-utils appstream man-db"
+desktop-file-utils appstream man-db
+$*"
 
 missing=""
 for p in $PACKAGES; do

@@ -35,5 +35,9 @@ float distance(float x1, float y1, float x2, float y2)
 
 float angleTo(float x1, float y1, float x2, float y2)
 {
-    return std::atan2(y2 - y1, x2 - x1);
+    return static_cast<float>(std::atan2(static_cast<double>(y2 - y1), static_cast<double>(x2 - x1)));
 }
+
+float cosine(float angle) { return static_cast<float>(std::cos(static_cast<double>(angle))); }
+
+float sine(float angle) { return static_cast<float>(std::sin(static_cast<double>(angle))); }

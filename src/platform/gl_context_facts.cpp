@@ -1,6 +1,7 @@
 #include "platform/gl_context_facts.h"
 
 #include <GL/gl.h>
+#include <GL/glext.h>  // Windows' gl.h stops at OpenGL 1.1
 
 #include <cctype>
 #include <string>

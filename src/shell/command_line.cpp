@@ -143,11 +143,17 @@ std::string helpText()
         "In menus: arrow keys or d-pad to move, ENTER or A to choose, ESC or B to go\n"
         "back, or the mouse. In a two-player game the first controller plays the left\n"
         "side and the second the right; the left side has the keyboard, the right side\n"
-        "the mouse.\n"
-        "\nScores, settings and screenshots are kept in $XDG_DATA_HOME/gorvan (by\n"
-        "default ~/.local/share/gorvan) for the installed game, or in the --data-dir\n"
-        "folder; the replays of the last game and of the best one of each map and\n"
-        "mode in its replays/ folder.\n";
+        "the mouse.\n";
+#ifdef _WIN32
+    text += "\nScores, settings and screenshots are kept in the folder the game is started\n"
+            "in, or in the --data-dir folder;";
+#else
+    text += "\nScores, settings and screenshots are kept in $XDG_DATA_HOME/gorvan (by\n"
+            "default ~/.local/share/gorvan) for the installed game, or in the --data-dir\n"
+            "folder;";
+#endif
+    text += " the replays of the last game and of the best one of each map\n"
+            "and mode in its replays/ folder.\n";
     return text;
 }
 

@@ -22,6 +22,18 @@ bool makeFolder(const fs::path& path, std::string* reason)
     return false;
 }
 
+#ifdef _WIN32
+// Windows lets only privileged users make links: there the player's content/
+// gets a copy of the entry, renewed where the game's own is newer.
+bool linkEntry(const fs::path& target, const fs::path& link, std::string* reason)
+{
+    std::error_code error;
+    fs::copy(target, link, fs::copy_options::recursive | fs::copy_options::update_existing, error);
+    if (!error) return true;
+    *reason = "cannot copy " + target.string() + " to " + link.string() + ": " + error.message();
+    return false;
+}
+#else
 // A link in the player's content/ to one entry of the installed content.
 bool linkEntry(const fs::path& target, const fs::path& link, std::string* reason)
 {
@@ -38,6 +50,7 @@ bool linkEntry(const fs::path& target, const fs::path& link, std::string* reason
     *reason = "cannot link " + link.string() + " to " + target.string() + ": " + error.message();
     return false;
 }
+#endif
 
 }  // namespace
 

@@ -21,5 +21,6 @@ std::string defaultPlayerFolder(const char* xdgDataHome, const char* home);
 // every entry of `contentSource` into its content/ (but the player's own
 // files), renewing links that point elsewhere and leaving real files alone,
 // and makes it the working folder. False with a one-line reason otherwise.
+// On Windows the entries are copied where missing or older, not linked.
 bool enterPlayerFolder(const std::string& folder, const std::string& contentSource,
                        std::string* reason);

@@ -1,6 +1,10 @@
 #include "shell/program.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <unistd.h>
+#endif
 
 #include <cstdio>
 #include <cstdlib>
@@ -76,21 +80,34 @@ int runMenuAndGames()
 std::string programPath()
 {
     std::vector<char> path(4096);
+#ifdef _WIN32
+    const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const bool whole = length > 0 && length < path.size();
+#else
     const ssize_t length = readlink("/proc/self/exe", path.data(), path.size() - 1);
-    return length > 0 ? std::string(path.data(), static_cast<size_t>(length)) : std::string();
+    const bool whole = length > 0;
+#endif
+    return whole ? std::string(path.data(), static_cast<size_t>(length)) : std::string();
 }
 
 // The installed game runs in the player's own folder; a build's game stays
 // where it was started, unless --data-dir names another folder, which gets
-// the content beside the program.
+// the content beside the program. On Windows the game always keeps its files
+// in the folder it was started in, as it always has there: it has no install
+// with a folder per player.
 bool enterFolderOfPlayer(const CommandLine& line)
 {
     const std::string program = programPath();
+#ifdef _WIN32
+    std::string content;
+    const bool installed = false;
+#else
     std::string content = installedContentFor(program);
     const bool installed = !content.empty();
+#endif
     if (!installed) {
         if (line.dataDir.empty()) return true;
-        content = program.substr(0, program.rfind('/') + 1) + "content";
+        content = program.substr(0, program.find_last_of("/\\") + 1) + "content";
     }
     std::string folder = line.dataDir;
     if (folder.empty()) folder = defaultPlayerFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));

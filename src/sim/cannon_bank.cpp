@@ -210,9 +210,9 @@ void Reticle::step(float targetX, float targetY, bool fired)
         angle -= 1.570796325f;
     float a = angleTo(x, y, targetX, targetY);
     if (targetY < 600 && distanceSquared(x, y, targetX, targetY) > 1) {
-        float c = std::cos(a);
+        float c = cosine(a);
         x += c;
-        y += std::sin(a);
+        y += sine(a);
         size += std::fabs(c / 5);
     }
     size = clampFloat(size + (fired ? 5 : 0), 10, 50);

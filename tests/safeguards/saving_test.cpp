@@ -46,7 +46,9 @@ const std::string noScores(160, '\0');
 
 void giveToNobody(const std::string& path)
 {
-    if (getuid() == 0) ASSERT_EQ(chown(path.c_str(), nobody, nobody), 0);
+    if (getuid() == 0) {
+        ASSERT_EQ(chown(path.c_str(), nobody, nobody), 0);
+    }
 }
 
 TEST(Saving, PermissionsMeanWhatTheySay)

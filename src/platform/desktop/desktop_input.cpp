@@ -3,6 +3,9 @@
 #include <cmath>
 #include <ctime>
 #include <sched.h>
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 #include "platform/glfw.h"
 #include "platform/glfw3_bridge.h"
@@ -111,6 +114,13 @@ void glfwSleep(double seconds)
         sched_yield();
         return;
     }
+#ifdef _WIN32
+    // Windows sleeps by its timer's period, 15.6 ms unless a finer one is
+    // asked for: the rest of a frame would often become a whole frame more.
+    timeBeginPeriod(1);
+    Sleep(static_cast<DWORD>(seconds * 1000 + 0.5));
+    timeEndPeriod(1);
+#else
     timespec wait;
     wait.tv_sec = static_cast<time_t>(seconds);
     wait.tv_nsec = static_cast<long>((seconds - std::floor(seconds)) * 1e9);
@@ -120,4 +130,5 @@ void glfwSleep(double seconds)
     // A signal cuts a sleep short; sleep the rest.
     while (nanosleep(&wait, &wait) == -1 && errno == EINTR) {
     }
+#endif
 }
