@@ -30,6 +30,9 @@ struct GoldenGame {
     const char* script;  // input on top of the policy's
 };
 
+// Names the game by its trace in test listings instead of its bytes.
+void PrintTo(const GoldenGame& game, std::ostream* out) { *out << game.name; }
+
 const GoldenGame games[] = {
     {"stage_directed_smart.txt", "map15.txt", stageMatch, 2, smartPolicy,
      // The clicks land on the first and the last pixel inside the Q, A and 3 buttons.
