@@ -59,6 +59,10 @@ void shutdownAudio()
 {
     reportFailure(FMOD_System_Close(fmodSystem));
     reportFailure(FMOD_System_Release(fmodSystem));
+    // Sounds made after this (a headless game after a window's) stay silent
+    // instead of reaching for the released system.
+    fmodSystem = nullptr;
+    audioReady = false;
 }
 
 // The open mode every Sound uses, from its flags.

@@ -15,6 +15,10 @@
 
 namespace {
 
+// OpenAL's silent device on any machine, heard by nobody. OpenAL reads its
+// driver list once a process, so this is set before any test opens audio.
+const int silentDevice = setenv("ALSOFT_DRIVERS", "null", 1);
+
 void playFrame(Player& player)
 {
     testBackend::advanceTime(1 / 60.0);
@@ -23,7 +27,6 @@ void playFrame(Player& player)
 
 TEST(GameEnd, OrdersOfTheLastFrameOfPlayDoNothingMore)
 {
-    setenv("ALSOFT_DRIVERS", "null", 1);  // a device on any machine, heard by nobody
     PlaySession session;
     session.open();
     uint32_t endScore = 0;

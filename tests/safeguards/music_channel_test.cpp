@@ -19,8 +19,7 @@ bool isPlaying(FMOD_CHANNEL* channel)
 
 TEST(SoundChannels, AFullHouseTakesTheOldestEffectNeverTheMusic)
 {
-    setenv("ALSOFT_DRIVERS", "null", 1);
-    ScratchDir scratch;
+    ScratchDir scratch;  // OpenAL's silent device: set beside the game-end test
     linkBuiltContent();
     FMOD_SYSTEM* system = nullptr;
     ASSERT_EQ(FMOD_System_Create(&system), FMOD_OK);
