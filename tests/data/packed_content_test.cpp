@@ -86,6 +86,8 @@ TEST(Archive, ExampleLengthsAndThePackersRoundTrip)
     EXPECT_EQ(error, "the data of empty runs past the end of the file");
     EXPECT_EQ(unpackSfa(packed.substr(0, 6), &error).size(), 0u);
     EXPECT_EQ(error, "a name runs past the end of the file");
+    EXPECT_EQ(unpackSfa(packed.substr(0, 15), &error).size(), 0u) << "the first entry's data cut short";
+    EXPECT_EQ(error, "the data of one runs past the end of the file");
 }
 
 TEST(Archive, ScanFindsEveryEntryToTheLastAndMeetsDamage)

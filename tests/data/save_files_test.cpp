@@ -70,8 +70,20 @@ TEST(ScoreFile, LayoutUnsignedSavesAndShortUnwritableOrMissingFiles)
     EXPECT_EQ(getStageScore(1), 77u);
     EXPECT_EQ(getStageScore(2), 0u) << "half a value";
     EXPECT_EQ(getSurvivalScore(20), 0u) << "past the end";
+    const auto openFiles = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    const auto openBefore = openFiles();
     saveSurvivalScore(20, 5);
+    EXPECT_EQ(openFiles(), openBefore) << "a save leaves no file open";
     const std::string expected = scoreFile('\0', {{0, 77}, {156, 5}});
+    EXPECT_EQ(readFileBytes(scorePath), expected);
+
+    // While a replay plays the scores hold still: every read gives the best it
+    // was played against and nothing is stored, until they are let go.
+    holdScores(1000);
+    saveStageScore(1, 5000);
+    EXPECT_EQ(getStageScore(1), 1000u);
+    releaseScores();
+    EXPECT_EQ(getStageScore(1), 77u);
     EXPECT_EQ(readFileBytes(scorePath), expected);
 
     // The new file is written beside the old one: where a folder stands in its

@@ -68,6 +68,13 @@ TEST(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
     ASSERT_EQ(FMOD_System_Close(system), FMOD_OK);
     start(2);
     EXPECT_EQ(channelsPlaying(), 0);
+    FMOD_SOUND* unique = nullptr;  // on the first channel, played again there
+    ASSERT_EQ(FMOD_System_CreateSound(system, tonePath, FMOD_LOOP_OFF | FMOD_2D | FMOD_UNIQUE, nullptr, &unique),
+              FMOD_OK);
+    play(unique);
+    play(unique);
+    EXPECT_EQ(channelsPlaying(), 1) << "a unique sound plays again on its own channel";
+    EXPECT_EQ(FMOD_Sound_Release(unique), FMOD_OK);
     FMOD_CHANNEL* first = play(a);
     FMOD_CHANNEL* second = play(b);
     FMOD_CHANNEL* third = play(c);
@@ -91,6 +98,7 @@ TEST(FmodLayer, ResultTextsRefusedCallsChannelsAndStaleHandles)
     EXPECT_NE(fifth, fourth) << "a new play on the same channel gets a new handle";
     EXPECT_EQ(FMOD_Sound_Release(a), FMOD_ERR_INVALID_HANDLE) << "released already";
     EXPECT_EQ(FMOD_System_Close(system) + FMOD_System_Release(system), FMOD_OK);
+    EXPECT_EQ(FMOD_System_Release(system), FMOD_ERR_INVALID_PARAM) << "released already";
 }
 
 class SoundTest : public ::testing::Test {
