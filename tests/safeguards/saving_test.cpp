@@ -1,11 +1,14 @@
 // Saving never loses or forges data: a file that can't be read is left alone,
 // one that can't be written keeps its bytes, and a folder that takes no new
-// file gets the file rewritten in place. Permissions only count for a user
+// file gets the file rewritten in place; a disk that fills up in the middle of
+// a save leaves the old file whole. Permissions only count for a user
 // other than root, so each case runs in a child as "nobody".
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <csignal>
 #include <string>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -67,6 +70,12 @@ TEST(Saving, PermissionsMeanWhatTheySay)
              EXPECT_EQ(getStageScore(2), 300u);
          }, "", true},
         {"fps.dat", "1\n", 0000, 0755, [] { EXPECT_FALSE(isFpsCounterEnabled()); }, "", false},
+        {"scores.dat", noScores, 0644, 0755, [] {  // a disk that fills up in the middle
+             signal(SIGXFSZ, SIG_IGN);
+             const rlimit full = {100, 100};
+             setrlimit(RLIMIT_FSIZE, &full);
+             saveSurvivalScore(1, 500);
+         }, "Cannot save score!", false},
     };
     for (const SavingCase& c : cases) {
         SCOPED_TRACE(std::string(c.file) + " " + std::to_string(c.fileMode));

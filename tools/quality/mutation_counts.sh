@@ -7,8 +7,10 @@
 #
 # GROUP is one of sim, data (src/data and src/sound), render, play (src/play,
 # src/shell and src/menu). Each group's tests are the programs that check it;
-# every program stops at its first failure. Runs under xvfb-run when there is
-# no DISPLAY. Takes long: each fault is a rebuild and a test run.
+# every program stops at its first failure (the map reader of src/data is
+# checked with the rules, so test_rules counts for data too). Runs under
+# xvfb-run when there is no DISPLAY. Takes long: each fault is a rebuild and a
+# test run.
 set -eu
 [ $# -ge 2 ] || { echo "usage: $0 BUILD_DIR sim|data|render|play [COUNT] [SEED]" >&2; exit 2; }
 build=$(cd "$1" && pwd)
@@ -20,7 +22,7 @@ mutants=${MUTANTS:-$top/../shared/tools/mutants.py}
 
 case $group in
 sim)    files='src/sim/*.cpp'; programs='test_rules test_play_pictures' ;;
-data)   files='src/data/*.cpp src/sound/*.cpp'; programs='test_data test_sound test_safeguards' ;;
+data)   files='src/data/*.cpp src/sound/*.cpp'; programs='test_data test_sound test_safeguards test_rules' ;;
 render) files='src/render/*.cpp'; programs='test_render test_play_pictures' ;;
 play)   files='src/play/*.cpp src/shell/*.cpp src/menu/*.cpp'
         programs='test_shell test_play test_menu test_command_line test_safeguards' ;;
